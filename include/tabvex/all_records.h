@@ -1,0 +1,296 @@
+// The record set: one record file in memory, worked on by item number.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "tabvex/arrays.h"
+#include "tabvex/export.h"
+#include "tabvex/record.h"
+#include "tabvex/result_codes.h"
+
+namespace tabvex {
+struct CRecordSetState;
+} // namespace tabvex
+
+/// One record file in memory: a store of record objects, one per record type in the order in which the types were met,
+/// and the table file that tells what items the records hold.
+///
+/// Use: construct, LoadTable, ReadAllRecords(Ex), position with ReadFirst/ReadNext/FindFirst, read and write items,
+/// SaveAllRecords. Every int operation returns a code of result_codes.h; operations by item number return
+/// TABVEX_NO_TABLE until a table has been loaded. A failed operation leaves the lines as they were, unless it says
+/// otherwise. Null pointer arguments give TABVEX_BAD_ARGUMENT. Nothing is thrown; what goes wrong inside, out of memory
+/// included, gives TABVEX_INTERNAL_FAILURE. A record set must be used by one thread at a time.
+class TABVEX_API CAllRecords {
+public:
+    CAllRecords();
+    virtual ~CAllRecords();
+    CAllRecords(const CAllRecords&) = delete;
+    CAllRecords& operator=(const CAllRecords&) = delete;
+
+    // --- Table file -------------------------------------------------------------------------------------------------
+
+    /// Loads the table file and holds its version against the one required. The table is kept in memory; records
+    /// created from now on get their layout from it, records that exist keep theirs.
+    /// TABVEX_OK; TABVEX_TABLE_WRONG_VERSION: the table is in memory, but items stay refused if no earlier load
+    /// succeeded; TABVEX_TABLE_CANNOT_OPEN, _NO_READER, _CANNOT_READ, _NO_HEADER: nothing changed.
+    int LoadTable(const char* fileName, int versionMajor, int versionMinor);
+    /// Sum of the lengths of the type's items numbered `lowest` to `highest` (inclusive); 0 without such a type.
+    int SumItemLengths(const char* type, int lowest, int highest);
+
+    // --- Reading and destroying records -----------------------------------------------------------------------------
+
+    /// Reads a file of 128-character records, with CR LF behind each (when the first has it) or without. Records held
+    /// before are destroyed once the file is open; record numbering is switched on for all types.
+    /// TABVEX_READ_SUCCEEDED (1); TABVEX_READ_FAILED (0): the file cannot be opened or read, or a record is short; what
+    /// was read before a failure stays.
+    int ReadAllRecords(const char* fileName);
+    /// The same, with TABVEX_OK on success, and TABVEX_READ_CANNOT_OPEN, TABVEX_READ_SHORT_RECORD or
+    /// TABVEX_FILE_READ_FAILED on failure; afterwards every record object runs its fix-up after reading.
+    int ReadAllRecordsEx(const char* fileName);
+    /// Reads a file of lines of any length up to the first empty line; lines of unknown types are passed over, a
+    /// record keeps a line's first 130 characters. TABVEX_READ_SUCCEEDED, also for an empty file, or
+    /// TABVEX_READ_FAILED when the file cannot be opened.
+    int ReadAll_V_Records(const char* fileName);
+    /// Destroys every record object. A search in progress ends.
+    void DestroyAllRecords();
+    /// Destroys the record objects of one type. "X2" stands for "X2N" as well, "X9" for "X9_NEU".
+    void DestroyRecords(const char* type);
+    /// Destroys every record object but those of unknown types.
+    void DestroyKnownRecordsOnly();
+
+    // --- Looking at records -----------------------------------------------------------------------------------------
+
+    /// The first record object of exactly this type, or null. Types that begin with "K" are never found.
+    CRecord* ExistRecord(const char* type);
+    /// Key of the record type that owns an item number, "" when none does; the table file has no part in it.
+    static const char* GetTypeOfItem(int item);
+    /// Number of record objects in the store, and the one at `index` (0-based, store order; null outside). Types that
+    /// are not known have one object a line, all others one object a type.
+    int GetRecordCount() const;
+    CRecord* GetRecord(int index) const;
+
+    // --- Navigation and search --------------------------------------------------------------------------------------
+
+    /// Moves the cursor of the record that owns `item` to its first, next, previous entry; `item` is the group key item
+    /// of the type. TABVEX_OK; TABVEX_NO_TABLE; TABVEX_NO_RECORD; TABVEX_ENTRY_NO_MORE, TABVEX_ENTRY_WRONG_KEY,
+    /// TABVEX_ENTRY_NO_LINES, TABVEX_ENTRY_EMPTY_SPAN, TABVEX_ENTRY_NO_STEP_BACK and what else the type answers.
+    int ReadFirst(int item);
+    int ReadNext(int item);
+    int ReadPrev(int item);
+    /// No type moves to its last entry: TABVEX_NOT_SUPPORTED once table and record are there.
+    int ReadLast(int item);
+    /// Moves to the first entry whose `item` has this text, blanks at both ends aside. TABVEX_FIND_FOUND (1);
+    /// TABVEX_FIND_NOTHING (0); TABVEX_FIND_NO_TYPE, TABVEX_FIND_NO_RECORD, TABVEX_FIND_LIST_TYPE,
+    /// TABVEX_FIND_WRONG_ITEM, TABVEX_FIND_NO_LINES, TABVEX_FIND_NO_DEFINITION; the cursor stays unless found.
+    int FindFirst(int item, const char* text);
+    /// Goes on behind the entry found. TABVEX_FIND_FOUND; TABVEX_FIND_NOTHING, which ends the search;
+    /// TABVEX_FIND_NOT_STARTED.
+    int FindNext();
+
+    // --- Whole lines ------------------------------------------------------------------------------------------------
+
+    /// Copies the type's first line, its line `lineNumber` (1-based): at most `bufferSize` characters and the NUL when
+    /// it fits. In OEM mode the copy is converted to ANSI. TABVEX_OK; TABVEX_NO_RECORD; TABVEX_COMPLETE_NO_LINES;
+    /// TABVEX_COMPLETE_BUFFER_TOO_SMALL: below 128; TABVEX_COMPLETE_NO_SUCH_LINE.
+    int GetFirstCompleteRecord(const char* type, char* buffer, int bufferSize);
+    int GetNextCompleteRecord(const char* type, char* buffer, int bufferSize, int lineNumber);
+    /// Adds a whole line to the record object of a type, which is created when missing. `line` has 129 bytes; it is
+    /// padded with blanks and, in OEM mode, converted from ANSI to OEM in place. TABVEX_OK; TABVEX_BAD_ARGUMENT:
+    /// `lineSize` is not 129; TABVEX_COMPLETE_CANNOT_CREATE.
+    int SetCompleteRecord(const char* type, char* line, int lineSize);
+
+    // --- Code lists -------------------------------------------------------------------------------------------------
+    //
+    // Filled by LoadTable from the table file, or with defaults. Layouts take the value lists of their repair-method and
+    // mutation items from them when a record object is created.
+
+    /// Replaces the repair methods of "X4", "W4", "X6" or "W6" by the parts of `list` between the delimiters; empty
+    /// parts are dropped. `type` is turned to upper case in place; any other type is ignored.
+    void SetRepairMethodList(char* type, const char* list);
+    /// Replaces the mutation codes and kinds of "X4" or "W4" (CAllRecordsEx: "G9" too) by the pairs code, kind, code,
+    /// kind ... of `list`. An empty code is dropped, its kind is not: kept on purpose.
+    void SetMutationList(char* type, const char* list);
+    /// The record set's own lists; they stay owned by it.
+    CStringArray* GetX4RepArtList();
+    CStringArray* GetW4RepArtList();
+    CStringArray* GetX6RepArtList();
+    CStringArray* GetW6RepArtList();
+    CStringArray* GetX4MutationList();
+    CStringArray* GetW4MutationList();
+    CUIntArray* GetX4MutationKinds();
+    CUIntArray* GetW4MutationKinds();
+
+    // --- Settings ---------------------------------------------------------------------------------------------------
+
+    /// Sets the character that separates the values of an entry and of a list (at first "/"); the one before.
+    char SetDelimiter(char delimiter);
+    /// Switches record numbering on (`mode` 1) or off (0) for the types that begin with `letter`, "A" to "Z", or "*" for
+    /// all; -1 changes nothing. TABVEX_OK or TABVEX_BAD_ARGUMENT.
+    int SetRecNums(const char* letter, int mode);
+    /// Replaces the collating sequence by 1 to 128 characters. 0, or -1 with the sequence kept.
+    int SetNewCharacterTable(const char* sequence);
+
+    // --- Items as text ----------------------------------------------------------------------------------------------
+    //
+    // Operations by item number return TABVEX_NO_TABLE, TABVEX_NO_RECORD (no record object of the item's type; for
+    // writes: the type has no class) and TABVEX_ITEM_UNKNOWN before anything else. Reads work on the existing record;
+    // writes create the record, with a blank line and its defaults, when it is missing. All codes of the record type's
+    // entry operations are passed on: TABVEX_ITEM_NO_LINE, TABVEX_ITEM_NO_ACCESS, TABVEX_ENTRY_... and so on.
+
+    /// Copies the item's text, padded to its full length as the record holds it, into `buffer` of `size` characters,
+    /// terminator included. In OEM mode the text is converted to ANSI. TABVEX_OK; TABVEX_TEXT_CUT: `size` - 1
+    /// characters were copied (none when `size` is below 1). Any other code leaves the buffer alone.
+    int ReadItem(int item, char* buffer, int size);
+    /// The same as ReadItem.
+    int HardReadItem(int item, char* buffer, int size);
+    /// The same for character items only: TABVEX_ITEM_WRONG_FORMAT for others.
+    int ReadCharItem(int item, char* buffer, int size);
+    /// Copies a text that the record type assembles from several items, joined by the delimiter.
+    int HardReadDynItem(int item, char* buffer, int size);
+
+    /// Writes a text through the item's checks and layout (TABVEX_VALUE_..., TABVEX_DATE_...). In OEM mode the text is
+    /// converted from ANSI.
+    int WriteItem(int item, const char* text);
+    /// The same for character items only; blanks at the text's end are removed, unless it is one blank.
+    int WriteCharItem(int item, const char* text);
+    /// Overwrites the item's characters in the line at the cursor, unchecked, in an existing record. The text must be
+    /// exactly as long as the item: TABVEX_ITEM_WRONG_LENGTH.
+    int HardWriteItem(int item, const char* text);
+    /// Writes a text that the record type takes apart at the delimiter; it is not converted.
+    int HardWriteDynItem(int item, const char* text);
+    /// Blanks the item in the line at the cursor of an existing record.
+    int ClearItem(int item);
+
+    // --- Items as numbers -------------------------------------------------------------------------------------------
+    //
+    // All return TABVEX_ITEM_WRONG_FORMAT for items that are not numbers. Numbers are not converted between character
+    // sets, and are read and written with "." whatever the process locale is ("," is read as well).
+
+    /// The value in decimal, "" for a blank field (TABVEX_OK). `size` at least 15: TABVEX_VALUE_BUFFER_TOO_SMALL.
+    /// TABVEX_VALUE_WRONG_DECIMALS for an item with decimals; TABVEX_VALUE_NOT_A_NUMBER with what was read so far.
+    int ReadIntItem(int item, char* buffer, int size);
+    /// The value; TABVEX_VALUE_BLANK with 0 for a blank field.
+    int ReadIntItem(int item, int& value);
+    /// The value with six significant digits, "" for a blank field. `size` at least 15. TABVEX_VALUE_WRONG_DECIMALS for
+    /// an item without decimals; TABVEX_VALUE_NOT_A_NUMBER.
+    int ReadFloatItem(int item, char* buffer, int size);
+    /// The value; TABVEX_VALUE_BLANK with 0.0 for a blank field.
+    int ReadFloatItem(int item, double& value);
+    /// Writes a number given as text: TABVEX_VALUE_EMPTY, TABVEX_VALUE_NOT_A_NUMBER.
+    int WriteIntItem(int item, const char* text);
+    int WriteIntItem(int item, int value);
+    int WriteFloatItem(int item, const char* text);
+    /// Writes the value with six significant digits.
+    int WriteFloatItem(int item, double value);
+    /// The same, rounded to the item's decimals first.
+    int WriteRoundFloatItem(int item, double value);
+
+    // --- Items as dates ---------------------------------------------------------------------------------------------
+    //
+    // Both return TABVEX_ITEM_WRONG_FORMAT for items that are not dates. `format` is made of DD, MM, YY or YYYY in one
+    // of the sixteen known orders, with up to two separators: TABVEX_DATE_UNUSABLE_FORMAT.
+
+    /// Copies the date in the caller's format, or "" with TABVEX_VALUE_BLANK for a blank field or TABVEX_DATE_... for one
+    /// that holds no date of the item's own format.
+    int ReadDateItem(int item, const char* format, char* buffer, int size);
+    /// Writes a date given in the caller's format: TABVEX_DATE_... before any record is created.
+    int WriteDateItem(int item, const char* format, const char* date);
+
+    // --- Saving -----------------------------------------------------------------------------------------------------
+
+    /// Numbers the lines and writes every record in store order, in place over an existing file: 128 characters a line,
+    /// followed by CR LF when `crlf` is not 0. The number of record objects written, to which every one that could not
+    /// be written adds TABVEX_FILE_WRITE_FAILED; TABVEX_FILE_CANNOT_CREATE.
+    int SaveAllRecords(const char* fileName, int crlf);
+    /// Record objects that the last SaveAllRecords could not write whole; 0 when all is in the file.
+    int GetSaveErrors() const;
+    /// The whole file as text, 128 characters a line, each followed by LF when `lf` is not 0. The text's length when
+    /// `buffer` is null or `bufferSize` 0; the negative length when `bufferSize` is below it, with the buffer untouched;
+    /// otherwise `bufferSize` + 1 bytes are set and the length is returned.
+    int WriteAllRecords(char* buffer, int bufferSize, int lf);
+    /// The lines of the "X1", "X$" record, of which 128 characters and a NUL are copied: TABVEX_OK. Without a buffer
+    /// the length of all lines, its negative when `bufferSize` is below it; TABVEX_NO_RECORD.
+    int GetX1Record(char* buffer, int bufferSize);
+    int GetXDollarRecord(char* buffer, int bufferSize);
+    /// All lines of the "X7" record and a NUL; `bufferSize` must be the length + 1 at least.
+    int GetX7Record(char* buffer, int bufferSize);
+
+    // --- Kept for callers that still make these calls ---------------------------------------------------------------
+
+    void SetOptimierungsCode(char code);
+    void SetKalkArt(char kind);
+    void SetCalcNr_K_Records(char* number);
+    void DoNotSortKRecords(char* type);
+    /// Returns TABVEX_NOT_SUPPORTED.
+    int CreateNewKRecord(char* type);
+
+protected:
+    /// A new record object of a type, an index of the record types; null when the class does not know it.
+    virtual std::unique_ptr<CRecord> NewRecord(int type);
+    /// True for a type that NewRecord has a class for.
+    virtual bool KnowsType(int type) const;
+    /// Fills the code lists from the table file, or with the defaults.
+    virtual void FillCodeLists();
+    /// True for a type whose mutation list SetMutationList serves.
+    virtual bool HasMutationList(std::string_view type) const;
+
+    std::unique_ptr<tabvex::CRecordSetState> m_pState;
+
+private:
+    struct CItemTarget;
+
+    template <typename Operation>
+    int WithTable(Operation operation);
+    CRecord* GetOrCreateRecord(int type, bool blankLine);
+    CRecord* CreateRecord(int type, bool blankLine);
+    CRecord* ExistingRecordForKey(const char* key);
+    CRecord* RecordOfItem(int item) const;
+    CRecord* GetOrCreateRecordOfItem(int item);
+    void RefreshNumbering(const CRecord& record);
+    void RemoveRecords(bool (*condemned)(const CRecord& record, const char* type), const char* type);
+    int ReadFixedRecords(const char* fileName);
+    int ReadVariableLines(const char* fileName);
+    int StepTo(int item, int (CRecord::*step)(int item));
+    int FindItem(int item, CItemTarget& target);
+    int FindOrCreateItem(int item, CItemTarget& target);
+    int ReadText(int item, bool charactersOnly, char* buffer, int size);
+    int ReadNumberField(int item, bool decimals, CItemTarget& target, std::string_view& field);
+    template <typename Print>
+    int WriteNumber(int item, Print print);
+    void ReplaceMutationList(const std::string& type, const char* list);
+    void PrepareSave();
+    int GetSingleRecord(const char* type, bool whole, char* buffer, int bufferSize);
+};
+
+/// A record set that also knows the mutation records of type "G9" and lets callers choose character sets. All other
+/// interfaces of the library work on this class.
+class TABVEX_API CAllRecordsEx : public CAllRecords {
+public:
+    CAllRecordsEx();
+    ~CAllRecordsEx() override;
+
+    using CAllRecords::SetMutationList;
+    /// The same, with the type text left alone.
+    void SetMutationList(const char* type, const char* list);
+    CStringArray* GetG9RepArtList();
+    CStringArray* GetG9MutationList();
+    CUIntArray* GetG9MutationKinds();
+    /// Fill lists from the table file again: all of them, the repair methods or the mutations of "G9".
+    void ReadRepArtAndMutList();
+    void ReadG9RepArtList();
+    void ReadG9MutList();
+
+    /// Sets the character-set mode: with "OEM", the mode at first, item texts are converted between the OEM code page
+    /// of the records and the ANSI code page of the caller; with any other text they are not.
+    void SetCharacterSet(const char* mode);
+    /// Chooses the code pages of the conversion: OEM 850 (at first) or 437, ANSI 1252. 0, or -1 with no change.
+    int SetCodePages(int oem, int ansi);
+
+protected:
+    std::unique_ptr<CRecord> NewRecord(int type) override;
+    bool KnowsType(int type) const override;
+    void FillCodeLists() override;
+    bool HasMutationList(std::string_view type) const override;
+};

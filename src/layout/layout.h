@@ -1,0 +1,70 @@
+// The layout of one record type: its items, as the table file and the code lists describe them.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "layout/section_cursor.h"
+#include "layout/table_image.h"
+#include "tabvex/arrays.h"
+#include "tabvex/item_def.h"
+
+namespace tabvex {
+
+/// Code lists from which a layout takes the value lists of its repair-method and mutation items.
+struct CLayoutCodes {
+    CStringArray All;   ///< repair methods
+    CStringArray Codes; ///< mutation codes
+    CUIntArray Kinds;   ///< kind i belongs to code i
+};
+
+/// Shared by all record objects of a type that are created from the same table file and lists. It is parsed when it is
+/// first looked at, and keeps the table file that it comes from.
+class CLayout {
+public:
+    CLayout(std::shared_ptr<const CTableImage> image, std::string_view type, CLayoutCodes codes = {});
+
+    /// TABVEX_OK; TABVEX_LAYOUT_BAD: no type, no section, an unreadable column, or a bad descriptor behind the first
+    /// line; TABVEX_LAYOUT_BAD_FIRST: a bad descriptor on the first line. Items before the failure are in the layout.
+    int GetResult() const { return Parsed().m_nResult; }
+    const std::vector<CItemDef>& GetItems() const { return Parsed().m_Items; }
+    /// The first item with this number, or null.
+    const CItemDef* Find(int number) const;
+    /// Sum of the lengths of the section's items numbered `lowest` to `highest`, whether the layout is good or not.
+    int SumLengths(int lowest, int highest) const;
+    /// Writes the items' default texts into a line of `lineLength` characters; what lies outside it is dropped. The
+    /// number of items with a default, or the result of the column that could not be read.
+    int FillDefaults(char* line, int lineLength) const;
+
+private:
+    struct CDefault {
+        int Offset;
+        int Length;
+        std::string Text;
+    };
+
+    const CLayout& Parsed() const;
+    void Parse();
+    int ParseItems(CSectionCursor& cursor);
+    int ParseItem(CSectionCursor& cursor, bool first);
+    void IndexItems();
+    void CollectLengths(CSectionCursor& cursor);
+    int CollectDefaults(CSectionCursor& cursor);
+    bool GenerateDescriptor(int number, std::string& descriptor) const;
+
+    std::shared_ptr<const CTableImage> m_pImage;
+    std::string m_strType;
+    CLayoutCodes m_Codes;
+    bool m_bParsed = false;
+    int m_nResult = 0;
+    std::vector<CItemDef> m_Items;
+    std::vector<std::pair<int, int>> m_ByNumber; // item number, index in m_Items
+    std::vector<std::pair<int, int>> m_Lengths;  // item number, length; of every line of the section
+    std::vector<CDefault> m_Defaults;
+    int m_nDefaultsResult = 0;
+};
+
+} // namespace tabvex

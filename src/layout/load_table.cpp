@@ -1,0 +1,32 @@
+#include "core/all_records.h"
+
+int CAllRecords::LoadTable(const char* fileName, int versionMajor, int versionMinor) {
+    return tabvex::Guarded([&]() -> int {
+        CTableFile& table = m_pState->Context.Table;
+        const int result = table.Open(fileName);
+        if (result != TABVEX_OK) {
+            return result;
+        }
+        // A table of another version is kept, and items stay refused only while no table of the right one was loaded.
+        const tabvex::CTableHeader& header = table.GetHeader();
+        const bool wanted = versionMajor == header.VersionMajor && versionMinor == header.VersionMinor;
+        m_pState->TableLoaded = m_pState->TableLoaded || wanted;
+        FillCodeLists();
+        m_pState->Context.ForgetLayouts();
+        return wanted ? TABVEX_OK : TABVEX_TABLE_WRONG_VERSION;
+    });
+}
+
+int CAllRecords::SumItemLengths(const char* type, int lowest, int highest) {
+    return tabvex::Guarded(
+        [&]() -> int {
+            if (type == nullptr) {
+                return TABVEX_BAD_ARGUMENT;
+            }
+            const int index = tabvex::RecordTypeOf(type);
+            if (index != tabvex::kNoRecordType) {
+                return m_pState->Context.LayoutOf(index)->SumLengths(lowest, highest);
+            }
+            return tabvex::CLayout(m_pState->Context.Table.GetImage(), type).SumLengths(lowest, highest);
+        });
+}

@@ -1,0 +1,125 @@
+#include "layout/section_cursor.h"
+
+#include <algorithm>
+
+#include "layout/ascii.h"
+#include "tabvex/result_codes.h"
+
+namespace tabvex {
+
+namespace {
+
+constexpr std::string_view LineBreak(ENewlineMode mode) {
+    switch (mode) {
+    case ENewlineMode::Cr:
+        return "\r";
+    case ENewlineMode::Lf:
+        return "\n";
+    case ENewlineMode::CrLf:
+        break;
+    }
+    return "\r\n";
+}
+
+} // namespace
+
+int CSectionCursor::FindSection(std::string_view name) {
+    m_bHeader = false;
+    m_nLine = m_pImage->FindHead(name);
+    if (m_nLine == CTableImage::kNone) {
+        return TABVEX_SECTION_MISSING;
+    }
+    const int first = m_nLine + 1;
+    if (first == m_pImage->GetLineCount() || m_pImage->IsDataHead(first)) {
+        return TABVEX_SECTION_EMPTY;
+    }
+    m_nLine = first;
+    m_bHeader = UpperCase(name) == "HEADER";
+    return TextLength();
+}
+
+int CSectionCursor::NextLine() {
+    if (m_nLine + 1 >= m_pImage->GetLineCount()) {
+        return TABVEX_LINES_END;
+    }
+    if (m_pImage->IsDataHead(m_nLine + 1)) {
+        return TABVEX_SECTION_ENDS;
+    }
+    ++m_nLine;
+    return TextLength();
+}
+
+std::string_view CSectionCursor::GetText() { return WithLineBreaks(RawText()); }
+
+int CSectionCursor::GetColumnCount() const {
+    const char delimiter = m_pImage->Header.Delimiter;
+    if (delimiter == 0) {
+        return TABVEX_COLUMNS_NO_DELIMITER;
+    }
+    if (m_nLine == CTableImage::kNone) {
+        return 0;
+    }
+    const std::string_view text = RawText();
+    return 1 + static_cast<int>(std::count(text.begin(), text.end(), delimiter));
+}
+
+int CSectionCursor::GetColumn(int index, std::string_view& column) {
+    if (index < 0) {
+        return TABVEX_COLUMN_BAD_INDEX;
+    }
+    const char delimiter = m_pImage->Header.Delimiter;
+    if (delimiter == 0) {
+        return TABVEX_COLUMN_NO_DELIMITER;
+    }
+    // Without a current line there are no columns, so that every index lies beyond them.
+    if (m_nLine == CTableImage::kNone) {
+        return TABVEX_COLUMN_BEYOND_LINE;
+    }
+    std::string_view text = RawText();
+    for (; index > 0; --index) {
+        const std::size_t end = text.find(delimiter);
+        if (end == std::string_view::npos) {
+            return TABVEX_COLUMN_BEYOND_LINE;
+        }
+        text.remove_prefix(end + 1);
+    }
+    if (m_pImage->Header.Newline == 0) {
+        return TABVEX_COLUMN_NO_NEWLINE;
+    }
+    column = WithLineBreaks(text.substr(0, text.find(delimiter)));
+    return static_cast<int>(column.size());
+}
+
+void CSectionCursor::SetCurrentLine(int index) {
+    if (index >= 0 && index < m_pImage->GetLineCount()) {
+        m_nLine = index;
+    }
+}
+
+std::string_view CSectionCursor::RawText() const {
+    if (m_nLine == CTableImage::kNone) {
+        return {};
+    }
+    const std::string_view line = m_pImage->GetLine(m_nLine);
+    return m_bHeader ? TrimSpaceLeft(line) : line;
+}
+
+std::string_view CSectionCursor::WithLineBreaks(std::string_view text) {
+    const char newline = m_pImage->Header.Newline;
+    if (newline == 0 || text.find(newline) == std::string_view::npos) {
+        return text;
+    }
+    m_strText.clear();
+    for (const char character : text) {
+        if (character == newline) {
+            m_strText.append(LineBreak(m_Mode));
+        } else {
+            m_strText.push_back(character);
+        }
+    }
+    return m_strText;
+}
+
+int CSectionCursor::TextLength() { return static_cast<int>(GetText().size()); }
+
+} // namespace tabvex

@@ -1,0 +1,57 @@
+// A table file in memory: its lines without comments, its header, and an index of its section heads.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "layout/table_header.h"
+
+namespace tabvex {
+
+/// Built line by line while a file is loaded; constant, and shared, afterwards.
+class CTableImage {
+public:
+    static constexpr int kNone = -1;
+
+    void AddLine(std::string_view line);
+    /// Cuts every line at the comment character; a line that is then empty goes. Does nothing when `comment` is 0.
+    void CutComments(char comment);
+    /// Finds the section heads; to be called again whenever lines have changed.
+    void IndexHeads();
+
+    int GetLineCount() const { return static_cast<int>(m_Lines.size()); }
+    /// Line `index`, which must exist.
+    std::string_view GetLine(int index) const;
+    /// First line that is the head of section `name` or of "DATA_" + `name`, case ignored; kNone when there is none.
+    int FindHead(std::string_view name) const;
+    /// True when the line begins a "DATA_" section.
+    bool IsDataHead(int index) const;
+
+    CTableHeader Header;
+
+private:
+    struct CLine {
+        std::size_t Offset;
+        std::uint32_t Length;
+        bool IsDataHead;
+    };
+    struct CHead {
+        std::string Name; // upper case
+        int Line;
+    };
+
+    template <typename Visit>
+    void VisitLinesWith(char character, Visit visit);
+    void AddHead(int index);
+    int FirstHeadNamed(std::string_view name) const;
+
+    std::string m_strText; // all lines, one behind the other
+    std::vector<CLine> m_Lines;
+    std::vector<CHead> m_Heads; // by name, then line
+    int m_nFirstDataHead = kNone;
+};
+
+} // namespace tabvex
