@@ -1,0 +1,78 @@
+#include <algorithm>
+#include <cstring>
+#include <string>
+
+#include "core/all_records.h"
+#include "core/line_file.h"
+
+using tabvex::kRecordLength;
+
+int CAllRecords::ReadAllRecords(const char* fileName) {
+    if (fileName == nullptr) {
+        return TABVEX_BAD_ARGUMENT;
+    }
+    const int result = tabvex::Guarded([&] { return ReadFixedRecords(fileName); });
+    return result == TABVEX_OK ? TABVEX_READ_SUCCEEDED : TABVEX_READ_FAILED;
+}
+
+int CAllRecords::ReadAllRecordsEx(const char* fileName) {
+    if (fileName == nullptr) {
+        return TABVEX_BAD_ARGUMENT;
+    }
+    return tabvex::Guarded([&] {
+        const int result = ReadFixedRecords(fileName);
+        if (result == TABVEX_OK) {
+            for (const auto& record : m_pState->Store.All()) {
+                record->PostRead();
+            }
+        }
+        return result;
+    });
+}
+
+int CAllRecords::ReadAll_V_Records(const char* fileName) {
+    if (fileName == nullptr) {
+        return TABVEX_BAD_ARGUMENT;
+    }
+    return tabvex::Guarded([&] { return ReadVariableLines(fileName); }, TABVEX_READ_FAILED);
+}
+
+int CAllRecords::ReadFixedRecords(const char* fileName) {
+    SetRecNums("*", 1);
+    CLineFile file;
+    if (file.Open(fileName, true, kRecordLength) != TABVEX_OK) {
+        return TABVEX_READ_CANNOT_OPEN;
+    }
+    file.DetectCrLf();
+    DestroyAllRecords();
+    std::string_view line;
+    for (int length = file.ReadRecord(line); length != TABVEX_FILE_END; length = file.ReadRecord(line)) {
+        if (length < kRecordLength) {
+            return length < 0 ? TABVEX_FILE_READ_FAILED : TABVEX_READ_SHORT_RECORD;
+        }
+        const int type = tabvex::WidenRecordType(tabvex::RecordTypeOfLine(line.data()), line.data());
+        GetOrCreateRecord(type, false)->AddLine(line.substr(0, kRecordLength));
+    }
+    return TABVEX_OK;
+}
+
+int CAllRecords::ReadVariableLines(const char* fileName) {
+    CLineFile file;
+    if (file.Open(fileName, true, 1) != TABVEX_OK) {
+        return TABVEX_READ_FAILED;
+    }
+    DestroyAllRecords();
+    // Bytes of longer lines stay behind a shorter one and may complete its type: kept on purpose.
+    std::string buffer(tabvex::kRecordLengthCrLf, ' ');
+    std::string line;
+    int length = file.ReadLine(line);
+    for (; length > 0; length = file.ReadLine(line)) {
+        buffer.resize(std::max(buffer.size(), line.size() + 1), ' ');
+        std::memcpy(buffer.data(), line.c_str(), line.size() + 1);
+        const int type = tabvex::RecordTypeOfLine(buffer.data());
+        if (type != tabvex::kNoRecordType) {
+            GetOrCreateRecord(type, false)->ParseLine(buffer.c_str());
+        }
+    }
+    return length == TABVEX_FILE_END ? TABVEX_READ_SUCCEEDED : TABVEX_READ_FAILED;
+}

@@ -1,0 +1,72 @@
+// Which class holds the lines of which record type.
+
+#include <memory>
+#include <utility>
+
+#include "core/all_records.h"
+#include "records/groupless_record.h"
+#include "records/list_record.h"
+#include "records/long_line_record.h"
+#include "records/record_geometry.h"
+#include "records/searching_record.h"
+#include "records/two_group_record.h"
+#include "records/unknown_record.h"
+
+using tabvex::CRecordContext;
+using tabvex::EVariant;
+
+namespace {
+
+constexpr int kTypeG3 = tabvex::RecordTypeOf("G3");
+constexpr int kTypeG9 = tabvex::RecordTypeOf("G9");
+
+std::unique_ptr<CRecord> NewEntryRecord(const tabvex::CGroupRow& row, CRecordContext& context) {
+    switch (row.Variant) {
+    case EVariant::Plain:
+        break;
+    case EVariant::Searching:
+        return std::make_unique<tabvex::CSearchingRecord>(row, context);
+    case EVariant::Dynamic:
+        return std::make_unique<tabvex::CDynamicRecord>(row, context);
+    case EVariant::TwoGroups:
+        return std::make_unique<tabvex::CTwoGroupRecord>(&row, context);
+    case EVariant::LongLine:
+        return std::make_unique<tabvex::CLongLineRecord>(row, context);
+    }
+    return std::make_unique<tabvex::CEntryRecord>(row, context);
+}
+
+} // namespace
+
+bool CAllRecords::KnowsType(int type) const {
+    return type != tabvex::kNoRecordType && type != kTypeG9 &&
+           tabvex::RecordTypeRow(type).Class != tabvex::ERecordClass::Generic;
+}
+
+bool CAllRecordsEx::KnowsType(int type) const { return type == kTypeG9 || CAllRecords::KnowsType(type); }
+
+std::unique_ptr<CRecord> CAllRecords::NewRecord(int type) {
+    CRecordContext& context = m_pState->Context;
+    const tabvex::CGroupRows groups = tabvex::GroupRowsOf(tabvex::RecordTypeRow(type).Key);
+    if (groups.Count != 0) {
+        return NewEntryRecord(*groups.Begin, context);
+    }
+    if (type == kTypeG3) {
+        return std::make_unique<tabvex::CGrouplessRecord>(type, context);
+    }
+    return std::make_unique<tabvex::CListRecord>(type, context);
+}
+
+std::unique_ptr<CRecord> CAllRecordsEx::NewRecord(int type) { return CAllRecords::NewRecord(type); }
+
+CRecord* CAllRecords::CreateRecord(int type, bool blankLine) {
+    const int known = KnowsType(type) ? type : tabvex::kNoRecordType;
+    std::unique_ptr<CRecord> record = known == tabvex::kNoRecordType
+                                          ? std::make_unique<tabvex::CUnknownRecord>(m_pState->Context)
+                                          : NewRecord(known);
+    if (blankLine) {
+        record->ParseLine(nullptr);
+        record->FillDefaults(); // nothing without a layout
+    }
+    return m_pState->Store.Add(std::move(record), known);
+}
