@@ -103,8 +103,8 @@ public:
 
     // --- Code lists -------------------------------------------------------------------------------------------------
     //
-    // Filled by LoadTable from the table file, or with defaults. Layouts take the value lists of their repair-method and
-    // mutation items from them when a record object is created.
+    // Filled by LoadTable from the table file, or with defaults. Layouts take the value lists of their repair-method
+    // and mutation items from them when a record object is created.
 
     /// Replaces the repair methods of "X4", "W4", "X6" or "W6" by the parts of `list` between the delimiters; empty
     /// parts are dropped. `type` is turned to upper case in place; any other type is ignored.
@@ -126,8 +126,8 @@ public:
 
     /// Sets the character that separates the values of an entry and of a list (at first "/"); the one before.
     char SetDelimiter(char delimiter);
-    /// Switches record numbering on (`mode` 1) or off (0) for the types that begin with `letter`, "A" to "Z", or "*" for
-    /// all; -1 changes nothing. TABVEX_OK or TABVEX_BAD_ARGUMENT.
+    /// Switches record numbering on (`mode` 1) or off (0) for the types that begin with `letter`, "A" to "Z", or "*"
+    /// for all; -1 changes nothing. TABVEX_OK or TABVEX_BAD_ARGUMENT.
     int SetRecNums(const char* letter, int mode);
     /// Replaces the collating sequence by 1 to 128 characters. 0, or -1 with the sequence kept.
     int SetNewCharacterTable(const char* sequence);
@@ -192,11 +192,42 @@ public:
     // Both return TABVEX_ITEM_WRONG_FORMAT for items that are not dates. `format` is made of DD, MM, YY or YYYY in one
     // of the sixteen known orders, with up to two separators: TABVEX_DATE_UNUSABLE_FORMAT.
 
-    /// Copies the date in the caller's format, or "" with TABVEX_VALUE_BLANK for a blank field or TABVEX_DATE_... for one
-    /// that holds no date of the item's own format.
+    /// Copies the date in the caller's format, or "" with TABVEX_VALUE_BLANK for a blank field or TABVEX_DATE_... for
+    /// one that holds no date of the item's own format.
     int ReadDateItem(int item, const char* format, char* buffer, int size);
     /// Writes a date given in the caller's format: TABVEX_DATE_... before any record is created.
     int WriteDateItem(int item, const char* format, const char* date);
+
+    // --- Mutations of "X4" ------------------------------------------------------------------------------------------
+    //
+    // They act on the current entry of the "X4" record. All return TABVEX_NO_TABLE; TABVEX_MUTATION_NOT_PARSED when the
+    // record's lines are not all 128 characters long.
+
+    /// Sets the form in which "X4" records are created from now on, and mutations are read: the newer one when `on` is
+    /// not 0. The setting before.
+    int UseX4New(int on);
+    /// Reads mutation `index`, 1 to 3. A text of exactly its size fits, so that every buffer has one byte more than its
+    /// size says. In OEM mode texts are converted to ANSI. What the mutation does not have is -1.0 and "".
+    /// TABVEX_OK; TABVEX_MUTATION_BAD_INDEX, before anything else; TABVEX_NO_RECORD; TABVEX_MUTATION_NONE;
+    /// TABVEX_MUTATION_NO_ENTRY (old form); TABVEX_VALUE_NOT_A_NUMBER, TABVEX_VALUE_BLANK with value -1.0;
+    /// TABVEX_TEXT_CUT: nothing is copied.
+    int ReadX4Mutation(int index, char* code, int codeSize, double& value, char* text1, int text1Size, char* text2,
+                       int text2Size);
+    /// The same with the value as text: six significant digits, "" where there is none.
+    int ReadX4Mutation(int index, char* code, int codeSize, char* value, int valueSize, char* text1, int text1Size,
+                       char* text2, int text2Size);
+    /// Adds a mutation given as code and value, code and two texts, or code, value and two texts of which the kind of
+    /// the code picks; a mutation with the same code is replaced. TABVEX_OK; TABVEX_MUTATION_NO_RECORD;
+    /// TABVEX_MUTATION_FULL; TABVEX_MUTATION_NO_ENTRY; TABVEX_MUTATION_WRONG_PARTS; TABVEX_VALUE_...;
+    /// TABVEX_NOT_SUPPORTED in the old form.
+    int AddX4Mutation(const char* mutation);
+    /// Deletes the first mutation with the code. TABVEX_OK, also when there are none; TABVEX_MUTATION_NO_RECORD;
+    /// TABVEX_MUTATION_BAD_CODE; TABVEX_MUTATION_NONE; TABVEX_NOT_SUPPORTED in the old form.
+    int DeleteOneX4Mutation(const char* code);
+    /// Deletes all; the number there was, or TABVEX_NO_RECORD, TABVEX_NOT_SUPPORTED in the old form.
+    int DeleteX4Mutations();
+    /// Their number, or TABVEX_NO_RECORD, TABVEX_NOT_SUPPORTED in the old form.
+    int GetX4MutationCount();
 
     // --- Saving -----------------------------------------------------------------------------------------------------
 
@@ -207,8 +238,8 @@ public:
     /// Record objects that the last SaveAllRecords could not write whole; 0 when all is in the file.
     int GetSaveErrors() const;
     /// The whole file as text, 128 characters a line, each followed by LF when `lf` is not 0. The text's length when
-    /// `buffer` is null or `bufferSize` 0; the negative length when `bufferSize` is below it, with the buffer untouched;
-    /// otherwise `bufferSize` + 1 bytes are set and the length is returned.
+    /// `buffer` is null or `bufferSize` 0; the negative length when `bufferSize` is below it, with the buffer
+    /// untouched; otherwise `bufferSize` + 1 bytes are set and the length is returned.
     int WriteAllRecords(char* buffer, int bufferSize, int lf);
     /// The lines of the "X1", "X$" record, of which 128 characters and a NUL are copied: TABVEX_OK. Without a buffer
     /// the length of all lines, its negative when `bufferSize` is below it; TABVEX_NO_RECORD.
@@ -227,14 +258,19 @@ public:
     int CreateNewKRecord(char* type);
 
 protected:
-    /// A new record object of a type, an index of the record types; null when the class does not know it.
-    virtual std::unique_ptr<CRecord> NewRecord(int type);
-    /// True for a type that NewRecord has a class for.
+    /// True for a type, an index of the record types, that gets a record object of its own class.
     virtual bool KnowsType(int type) const;
     /// Fills the code lists from the table file, or with the defaults.
     virtual void FillCodeLists();
     /// True for a type whose mutation list SetMutationList serves.
     virtual bool HasMutationList(std::string_view type) const;
+
+    struct CMutationBuffers;
+
+    int ReadMutation(const char* type, bool newForm, int index, const CMutationBuffers& buffers);
+    int AddMutation(const char* type, const char* mutation);
+    int DeleteOneMutation(const char* type, const char* code);
+    int CountMutations(const char* type, int (CRecord::*operation)());
 
     std::unique_ptr<tabvex::CRecordSetState> m_pState;
 
@@ -243,6 +279,7 @@ private:
 
     template <typename Operation>
     int WithTable(Operation operation);
+    std::unique_ptr<CRecord> NewRecord(int type);
     CRecord* GetOrCreateRecord(int type, bool blankLine);
     CRecord* CreateRecord(int type, bool blankLine);
     CRecord* ExistingRecordForKey(const char* key);
@@ -271,6 +308,16 @@ public:
     CAllRecordsEx();
     ~CAllRecordsEx() override;
 
+    /// The mutation operations of the "G9" record; they answer like those of "X4" in its newer form.
+    int ReadG9Mutation(int index, char* code, int codeSize, double& value, char* text1, int text1Size, char* text2,
+                       int text2Size);
+    int ReadG9Mutation(int index, char* code, int codeSize, char* value, int valueSize, char* text1, int text1Size,
+                       char* text2, int text2Size);
+    int AddG9Mutation(const char* mutation);
+    int DeleteOneG9Mutation(const char* code);
+    int DeleteG9Mutations();
+    int GetG9MutationCount();
+
     using CAllRecords::SetMutationList;
     /// The same, with the type text left alone.
     void SetMutationList(const char* type, const char* list);
@@ -289,7 +336,6 @@ public:
     int SetCodePages(int oem, int ansi);
 
 protected:
-    std::unique_ptr<CRecord> NewRecord(int type) override;
     bool KnowsType(int type) const override;
     void FillCodeLists() override;
     bool HasMutationList(std::string_view type) const override;

@@ -1,6 +1,7 @@
 // Record objects: all lines of one record type of a record file, with a cursor over their entries.
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -13,6 +14,15 @@ class CLineFile;
 namespace tabvex {
 class CLayout;
 struct CRecordContext;
+
+/// One mutation as it is read: a number, or two texts. What it does not have is -1.0 and "".
+struct CMutation {
+    std::string Code;
+    double Value = -1.0;
+    bool HasValue = false;
+    std::string Text1;
+    std::string Text2;
+};
 } // namespace tabvex
 
 /// Base of all record objects. A record set creates, owns and destroys them; callers look at them through
@@ -68,13 +78,24 @@ public:
     virtual int FindFirst(int item, std::string_view text);
     virtual int FindNext(int item, std::string_view text);
 
+    // Mutations of the current entry, for the types that have them; TABVEX_NOT_SUPPORTED for all others.
+
+    /// Reads mutation `index`, 1 to 3, by the rules of the newer or the older form of the record.
+    virtual int ReadMutation(int index, bool newForm, tabvex::CMutation& mutation);
+    /// Adds a mutation, or replaces the one with its code; parts are joined by the delimiter.
+    virtual int AddMutation(std::string_view text);
+    virtual int DeleteOneMutation(std::string_view code);
+    /// Deletes all mutations of the entry; their number.
+    virtual int DeleteMutations();
+    virtual int GetMutationCount();
+
     /// Adds a line: `text` up to its NUL, at most GetLineLength() + 2 characters, NULs behind it; a null text adds
     /// blanks. Returns the new line's index; the cursor stays.
     int ParseLine(const char* text);
     /// The same for a text that need not be terminated.
     int AddLine(std::string_view text);
-    /// Adds a line that repeats the first `headerLength` - 1 characters of the line at the cursor, or the type only, and
-    /// moves the cursor to the next line, offset `headerLength` - 1.
+    /// Adds a line that repeats the first `headerLength` - 1 characters of the line at the cursor, or the type only,
+    /// and moves the cursor to the next line, offset `headerLength` - 1.
     virtual int AppendContinuationLine(int headerLength);
     /// Overwrites the first 128 characters of the line last added.
     void ReplaceLastLine(const char* text);
@@ -95,8 +116,10 @@ public:
 protected:
     CRecord(const char* type, tabvex::CRecordContext& context);
 
-    /// Called when lines were added or overwritten other than by writing entries.
-    virtual void OnLinesChanged();
+    /// Called before lines are added or overwritten other than by writing entries.
+    virtual void BeforeLinesChange();
+    /// Called when a caller has created the record, with one line of blanks and defaults.
+    virtual void AfterCreation();
 
     /// The line at `index`, for reading and writing; its buffer is 3 characters longer than GetLineLength().
     char* LineAt(int index) const;
@@ -108,12 +131,14 @@ protected:
     void PutIntoLine(int line, int offset, std::string_view text);
     /// The same for the text of a field, of which at most the item's length is taken.
     void PutField(int line, int offset, int length, std::string_view field);
+    /// Adds a line behind the others; AddLine without BeforeLinesChange.
+    void AppendLine(std::string_view text);
 
     char m_szType[8];
     int m_bGeneric = 0;
     int m_nLineLength = 128;
-    std::vector<char*> m_Lines; // buffers belong to the record set's pool of lines
-    char* m_pCurLine = nullptr; // the line last added
+    std::vector<std::uint32_t> m_Lines; // numbers of the buffers in the record set's pool of lines
+    char* m_pCurLine = nullptr;         // the line last added
     int m_nCurLine = 0;
     int m_nCurOffset = 0;
     int m_nWriteLine = 0;

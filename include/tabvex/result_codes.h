@@ -75,9 +75,9 @@ enum {
 
     /* --- Item access --- */
 
-    TABVEX_ITEM_UNKNOWN = -1,      /* the record's layout has no such item */
-    TABVEX_ITEM_WRONG_LENGTH = -2, /* HardWriteItem: the text is not exactly as long as the item */
-    TABVEX_ITEM_NO_LINE = -5,      /* the record has no current line or entry */
+    TABVEX_ITEM_UNKNOWN = -1,       /* the record's layout has no such item */
+    TABVEX_ITEM_WRONG_LENGTH = -2,  /* HardWriteItem: the text is not exactly as long as the item */
+    TABVEX_ITEM_NO_LINE = -5,       /* the record has no current line or entry */
     TABVEX_ITEM_WRONG_FORMAT = -50, /* the item's format letter is not the one the operation takes */
     TABVEX_ITEM_NO_ACCESS = -62,    /* the record type has no item access */
 
@@ -96,28 +96,39 @@ enum {
 
     /* --- Dates --- */
 
-    TABVEX_DATE_WRONG_LENGTH = -70,      /* text and format differ in length */
-    TABVEX_DATE_WRONG_SEPARATOR = -71,   /* a separator is missing at its place */
-    TABVEX_DATE_NOT_DIGITS = -72,        /* a component is not all digits */
-    TABVEX_DATE_NO_SUCH_DAY = -73,       /* day or month out of range */
-    TABVEX_DATE_ITEM_NO_PATTERN = -74,   /* the date item has no date pattern */
-    TABVEX_DATE_DOES_NOT_FIT = -75,      /* the rewritten date is invalid */
-    TABVEX_DATE_UNUSABLE_FORMAT = -76,    /* the date format is none of the sixteen layouts */
+    TABVEX_DATE_WRONG_LENGTH = -70,    /* text and format differ in length */
+    TABVEX_DATE_WRONG_SEPARATOR = -71, /* a separator is missing at its place */
+    TABVEX_DATE_NOT_DIGITS = -72,      /* a component is not all digits */
+    TABVEX_DATE_NO_SUCH_DAY = -73,     /* day or month out of range */
+    TABVEX_DATE_ITEM_NO_PATTERN = -74, /* the date item has no date pattern */
+    TABVEX_DATE_DOES_NOT_FIT = -75,    /* the rewritten date is invalid */
+    TABVEX_DATE_UNUSABLE_FORMAT = -76, /* the date format is none of the sixteen layouts */
 
     /* --- Entry groups: stepping, reading and writing entries --- */
 
-    TABVEX_ENTRY_CHECK_FAILED = -2, /* WriteDynEntry: an item's text fails its check */
-    TABVEX_ENTRY_NO_MORE = -5,      /* end or start of the group */
-    TABVEX_ENTRY_NOT_THE_KEY = -6,  /* WriteEntry: the item is not the group key item */
-    TABVEX_ENTRY_WRONG_PARTS = -7,  /* the value does not split into as many parts as an entry has items */
+    TABVEX_ENTRY_CHECK_FAILED = -2,  /* WriteDynEntry: an item's text fails its check */
+    TABVEX_ENTRY_NO_MORE = -5,       /* end or start of the group */
+    TABVEX_ENTRY_NOT_THE_KEY = -6,   /* WriteEntry: the item is not the group key item */
+    TABVEX_ENTRY_WRONG_PARTS = -7,   /* the value does not split into as many parts as an entry has items */
     TABVEX_ENTRY_FOREIGN_ITEM = -22, /* the item is neither a header item nor an item of the entry */
-    TABVEX_ENTRY_NO_LAYOUT = -62,   /* the record is of an unknown type */
+    TABVEX_ENTRY_NO_LAYOUT = -62,    /* the record is of an unknown type */
     TABVEX_ENTRY_NO_STEP_BACK = -62, /* the record type cannot step backwards */
-    TABVEX_ENTRY_WRONG_KEY = -74,   /* stepping: the item is not the group key item */
-    TABVEX_ENTRY_EMPTY_SPAN = -75,  /* the layout gives the entry no length */
+    TABVEX_ENTRY_WRONG_KEY = -74,    /* stepping: the item is not the group key item */
+    TABVEX_ENTRY_EMPTY_SPAN = -75,   /* the layout gives the entry no length */
     TABVEX_ENTRY_NO_LINES = -78,
     TABVEX_ENTRY_NO_DEFINITION = -100, /* an item of the entry has no definition */
-    TABVEX_ENTRY_NO_GROUP = -999,    /* the type has no entry group */
+    TABVEX_ENTRY_NO_GROUP = -999,      /* the type has no entry group */
+
+    /* --- Mutations --- */
+
+    TABVEX_MUTATION_BAD_CODE = -1,     /* a code to delete that is not 2 or 3 characters long */
+    TABVEX_MUTATION_NO_RECORD = -2,    /* adding or deleting one: no record of the type */
+    TABVEX_MUTATION_NO_ENTRY = -5,     /* there is no current entry */
+    TABVEX_MUTATION_FULL = -5,         /* the entry holds three mutations already */
+    TABVEX_MUTATION_BAD_INDEX = -6,    /* the index is not 1, 2 or 3 */
+    TABVEX_MUTATION_WRONG_PARTS = -7,  /* the text does not split into the parts of a mutation */
+    TABVEX_MUTATION_NONE = -90,        /* there is no such mutation, or its code is in none of the lists */
+    TABVEX_MUTATION_NOT_PARSED = -100, /* the record's lines cannot be parsed into entries, or it is of the old form */
 
     /* --- Searches --- */
 

@@ -49,7 +49,7 @@ void CAllRecords::RemoveRecords(bool (*condemned)(const CRecord& record, const c
     m_pState->Store.Remove([&](const CRecord& record) { return condemned(record, type); },
                            [this](CRecord& record) {
                                tabvex::CLinePool& pool = m_pState->Context.PoolOf(record.m_nLineLength);
-                               for (char* line : record.m_Lines) {
+                               for (const std::uint32_t line : record.m_Lines) {
                                    pool.Give(line);
                                }
                            });
@@ -65,14 +65,18 @@ const char* CAllRecords::GetTypeOfItem(int item) {
     return range < 0 ? "" : TypeKeyOf(tabvex::kItemNumberRanges[static_cast<std::size_t>(range)]).data();
 }
 
-int CAllRecords::GetRecordCount() const { return static_cast<int>(m_pState->Store.All().size()); }
+int CAllRecords::GetRecordCount() const {
+    return static_cast<int>(m_pState->Store.All().size());
+}
 
 CRecord* CAllRecords::GetRecord(int index) const {
     return index >= 0 && index < GetRecordCount() ? m_pState->Store.All()[static_cast<std::size_t>(index)].get()
                                                   : nullptr;
 }
 
-CRecord* CAllRecords::RecordOfItem(int item) const { return m_pState->Store.Find(tabvex::RecordTypeOfItem(item)); }
+CRecord* CAllRecords::RecordOfItem(int item) const {
+    return m_pState->Store.Find(tabvex::RecordTypeOfItem(item));
+}
 
 CRecord* CAllRecords::GetOrCreateRecord(int type, bool blankLine) {
     if (CRecord* record = m_pState->Store.Find(type)) {
@@ -103,7 +107,9 @@ char CAllRecords::SetDelimiter(char delimiter) {
     return before;
 }
 
-int CAllRecords::SetRecNums(const char* letter, int mode) { return m_pState->NumberedLetters.Set(letter, mode); }
+int CAllRecords::SetRecNums(const char* letter, int mode) {
+    return m_pState->NumberedLetters.Set(letter, mode);
+}
 
 void CAllRecords::SetOptimierungsCode(char /*code*/) {}
 
@@ -113,4 +119,6 @@ void CAllRecords::SetCalcNr_K_Records(char* /*number*/) {}
 
 void CAllRecords::DoNotSortKRecords(char* /*type*/) {}
 
-int CAllRecords::CreateNewKRecord(char* /*type*/) { return TABVEX_NOT_SUPPORTED; }
+int CAllRecords::CreateNewKRecord(char* /*type*/) {
+    return TABVEX_NOT_SUPPORTED;
+}

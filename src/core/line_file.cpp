@@ -16,11 +16,15 @@ constexpr std::size_t kReadBlock = std::size_t{1} << 16;
 constexpr std::size_t kFirstWriteBlock = std::size_t{1} << 15;
 constexpr std::size_t kLargestWriteBlock = std::size_t{1} << 20;
 
-std::unique_ptr<char[]> NewBlock(std::size_t size) { return std::unique_ptr<char[]>(new char[size]); }
+std::unique_ptr<char[]> NewBlock(std::size_t size) {
+    return std::unique_ptr<char[]>(new char[size]);
+}
 
 } // namespace
 
-CLineFile::~CLineFile() { Close(); }
+CLineFile::~CLineFile() {
+    Close();
+}
 
 int CLineFile::Open(const char* fileName, bool forReading, int recordLength) {
     if (m_File.IsOpen()) {
@@ -45,8 +49,8 @@ int CLineFile::Open(const char* fileName, bool forReading, int recordLength) {
 
 bool CLineFile::DetectCrLf() {
     const bool filled = m_File.IsOpen() && m_bReadMode && Fill(kRecordLengthCrLf);
-    const bool crlf = filled && m_nEnd >= kRecordLengthCrLf && m_pBlock[kRecordLength] == '\r' &&
-                      m_pBlock[kRecordLength + 1] == '\n';
+    const bool crlf =
+        filled && m_nEnd >= kRecordLengthCrLf && m_pBlock[kRecordLength] == '\r' && m_pBlock[kRecordLength + 1] == '\n';
     m_nRecordLength = crlf ? kRecordLengthCrLf : kRecordLength;
     return crlf;
 }

@@ -1,49 +1,35 @@
 #include "core/line_pool.h"
 
-#include <algorithm>
 #include <cstring>
+#include <new>
 
 namespace tabvex {
 
-namespace {
-
-constexpr std::size_t kFirstBlockLines = 32;
-constexpr std::size_t kLargestBlockLines = std::size_t{1} << 14;
-
-} // namespace
-
-char* CLinePool::Take() {
-    if (m_pFree != nullptr) {
-        char* line = m_pFree;
-        std::memcpy(&m_pFree, line, sizeof m_pFree);
+std::uint32_t CLinePool::Take() {
+    if (m_nFree != kNoLine) {
+        const std::uint32_t line = m_nFree;
+        std::memcpy(&m_nFree, At(line), sizeof m_nFree);
         return line;
     }
-    if (m_pNext == m_pEnd) {
-        AddBlock();
+    if (m_nLines >> m_nBlockShift == m_Blocks.size()) {
+        if (m_nLines == kNoLine >> m_nBlockShift << m_nBlockShift) {
+            throw std::bad_alloc();
+        }
+        m_Blocks.emplace_back(new char[m_nLineSize << m_nBlockShift]);
     }
-    char* line = m_pNext;
-    m_pNext += m_nLineSize;
-    return line;
+    return m_nLines++;
 }
 
-void CLinePool::Give(char* line) {
-    std::memcpy(line, &m_pFree, sizeof m_pFree);
-    m_pFree = line;
+void CLinePool::Give(std::uint32_t line) {
+    std::memcpy(At(line), &m_nFree, sizeof m_nFree);
+    m_nFree = line;
 }
 
 void CLinePool::Clear() {
     m_Blocks.clear();
-    m_nBlockLines = 0;
-    m_pNext = m_pEnd = m_pFree = nullptr;
-}
-
-void CLinePool::AddBlock() {
-    const std::size_t lines = std::clamp(m_nBlockLines * 4, kFirstBlockLines, kLargestBlockLines);
-    const std::size_t size = lines * m_nLineSize;
-    m_Blocks.emplace_back(new char[size]);
-    m_nBlockLines = lines;
-    m_pNext = m_Blocks.back().get();
-    m_pEnd = m_pNext + size;
+    m_Blocks.shrink_to_fit();
+    m_nLines = 0;
+    m_nFree = kNoLine;
 }
 
 } // namespace tabvex

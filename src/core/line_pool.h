@@ -2,35 +2,40 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <vector>
 
 namespace tabvex {
 
-/// Hands out line buffers from large blocks, so that reading a line costs no allocation of its own. The buffers live
-/// until they are given back or the pool is cleared.
+/// Hands out line buffers from large blocks, so that reading a line costs no allocation of its own. A buffer is known
+/// by a number, which takes half the room of an address. Buffers live until they are given back or the pool is cleared.
 class CLinePool {
 public:
-    explicit CLinePool(std::size_t lineSize) : m_nLineSize(lineSize) {}
+    /// `blockShift`: a block holds 2 to this power lines.
+    CLinePool(std::size_t lineSize, unsigned blockShift) : m_nLineSize(lineSize), m_nBlockShift(blockShift) {}
     CLinePool(const CLinePool&) = delete;
     CLinePool& operator=(const CLinePool&) = delete;
 
-    /// An uninitialised buffer.
-    char* Take();
+    /// The number of an uninitialised buffer.
+    std::uint32_t Take();
+    char* At(std::uint32_t line) const {
+        const std::uint32_t inBlock = line & ((std::uint32_t{1} << m_nBlockShift) - 1);
+        return m_Blocks[line >> m_nBlockShift].get() + inBlock * m_nLineSize;
+    }
     /// Takes a buffer back for a later Take.
-    void Give(char* line);
+    void Give(std::uint32_t line);
     /// Frees every buffer.
     void Clear();
 
 private:
-    void AddBlock();
+    static constexpr std::uint32_t kNoLine = UINT32_MAX;
 
     std::size_t m_nLineSize;
-    std::size_t m_nBlockLines = 0; // of the last block
+    unsigned m_nBlockShift;
     std::vector<std::unique_ptr<char[]>> m_Blocks;
-    char* m_pNext = nullptr; // the last block's first line that was never handed out
-    char* m_pEnd = nullptr;
-    char* m_pFree = nullptr; // lines given back; each begins with the address of the next
+    std::uint32_t m_nLines = 0;      // handed out for the first time
+    std::uint32_t m_nFree = kNoLine; // last line given back; each begins with the number of the one before
 };
 
 } // namespace tabvex

@@ -15,13 +15,21 @@ constexpr std::array<CFixedSearch, 3> kFixedSearches = {{{8055, "X4"}, {9035, "W
 
 } // namespace
 
-int CAllRecords::ReadFirst(int item) { return StepTo(item, &CRecord::FirstEntry); }
+int CAllRecords::ReadFirst(int item) {
+    return StepTo(item, &CRecord::FirstEntry);
+}
 
-int CAllRecords::ReadNext(int item) { return StepTo(item, &CRecord::NextEntry); }
+int CAllRecords::ReadNext(int item) {
+    return StepTo(item, &CRecord::NextEntry);
+}
 
-int CAllRecords::ReadPrev(int item) { return StepTo(item, &CRecord::PrevEntry); }
+int CAllRecords::ReadPrev(int item) {
+    return StepTo(item, &CRecord::PrevEntry);
+}
 
-int CAllRecords::ReadLast(int item) { return StepTo(item, &CRecord::ReadLast); }
+int CAllRecords::ReadLast(int item) {
+    return StepTo(item, &CRecord::ReadLast);
+}
 
 int CAllRecords::StepTo(int item, int (CRecord::*step)(int item)) {
     return WithTable([&]() -> int {

@@ -50,15 +50,25 @@ CRecord::CRecord(const char* type, tabvex::CRecordContext& context) : m_szType()
 // The lines go back to the pool, or are freed with it, by the record set: destroying all records touches no line.
 CRecord::~CRecord() = default;
 
-const char* CRecord::GetType() const { return m_szType; }
+const char* CRecord::GetType() const {
+    return m_szType;
+}
 
-bool CRecord::IsGeneric() const { return m_bGeneric != 0; }
+bool CRecord::IsGeneric() const {
+    return m_bGeneric != 0;
+}
 
-int CRecord::GetLineCount() const { return static_cast<int>(m_Lines.size()); }
+int CRecord::GetLineCount() const {
+    return static_cast<int>(m_Lines.size());
+}
 
-const char* CRecord::GetLine(int index) const { return index >= 0 && index < GetLineCount() ? LineAt(index) : ""; }
+const char* CRecord::GetLine(int index) const {
+    return index >= 0 && index < GetLineCount() ? LineAt(index) : "";
+}
 
-int CRecord::GetLineLength() const { return m_nLineLength; }
+int CRecord::GetLineLength() const {
+    return m_nLineLength;
+}
 
 const std::vector<CItemDef>& CRecord::GetLayout() const {
     static const std::vector<CItemDef> none;
@@ -69,46 +79,90 @@ const CItemDef* CRecord::FindItem(int number) const {
     return m_pLayout == nullptr ? nullptr : m_pLayout->Find(number);
 }
 
-int CRecord::GetCurrentLine() const { return m_nCurLine; }
+int CRecord::GetCurrentLine() const {
+    return m_nCurLine;
+}
 
-int CRecord::GetCurrentOffset() const { return m_nCurOffset; }
+int CRecord::GetCurrentOffset() const {
+    return m_nCurOffset;
+}
 
-int CRecord::PrevEntry(int /*item*/) { return TABVEX_ENTRY_NO_STEP_BACK; }
+int CRecord::PrevEntry(int /*item*/) {
+    return TABVEX_ENTRY_NO_STEP_BACK;
+}
 
-int CRecord::ReadLast(int /*item*/) { return TABVEX_NOT_SUPPORTED; }
+int CRecord::ReadLast(int /*item*/) {
+    return TABVEX_NOT_SUPPORTED;
+}
 
-int CRecord::ReadEntry(int /*item*/, std::string& /*text*/) { return TABVEX_NOT_SUPPORTED; }
+int CRecord::ReadEntry(int /*item*/, std::string& /*text*/) {
+    return TABVEX_NOT_SUPPORTED;
+}
 
-int CRecord::WriteDynEntry(int /*item*/, std::string_view /*value*/) { return TABVEX_NOT_SUPPORTED; }
+int CRecord::WriteDynEntry(int /*item*/, std::string_view /*value*/) {
+    return TABVEX_NOT_SUPPORTED;
+}
 
-int CRecord::FindFirst(int /*item*/, std::string_view /*text*/) { return TABVEX_NOT_SUPPORTED; }
+int CRecord::FindFirst(int /*item*/, std::string_view /*text*/) {
+    return TABVEX_NOT_SUPPORTED;
+}
 
-int CRecord::FindNext(int /*item*/, std::string_view /*text*/) { return TABVEX_NOT_SUPPORTED; }
+int CRecord::FindNext(int /*item*/, std::string_view /*text*/) {
+    return TABVEX_NOT_SUPPORTED;
+}
 
-int CRecord::PostRead() { return TABVEX_ENTRY_CHECK_FAILED; }
+int CRecord::ReadMutation(int /*index*/, bool /*newForm*/, tabvex::CMutation& /*mutation*/) {
+    return TABVEX_NOT_SUPPORTED;
+}
 
-int CRecord::PrepareWrite() { return TABVEX_OK; }
+int CRecord::AddMutation(std::string_view /*text*/) {
+    return TABVEX_NOT_SUPPORTED;
+}
+
+int CRecord::DeleteOneMutation(std::string_view /*code*/) {
+    return TABVEX_NOT_SUPPORTED;
+}
+
+int CRecord::DeleteMutations() {
+    return TABVEX_NOT_SUPPORTED;
+}
+
+int CRecord::GetMutationCount() {
+    return TABVEX_NOT_SUPPORTED;
+}
+
+int CRecord::PostRead() {
+    return TABVEX_ENTRY_CHECK_FAILED;
+}
+
+int CRecord::PrepareWrite() {
+    return TABVEX_OK;
+}
 
 int CRecord::ParseLine(const char* text) {
     const std::size_t size = static_cast<std::size_t>(m_nLineLength + kLineRoom - 1);
     if (text != nullptr) {
         return AddLine({text, strnlen(text, size)});
     }
+    BeforeLinesChange();
     char* line = NewLine();
     std::memset(line, ' ', size);
     line[size] = '\0';
-    OnLinesChanged();
     return GetLineCount() - 1;
 }
 
 int CRecord::AddLine(std::string_view text) {
+    BeforeLinesChange();
+    AppendLine(text);
+    return GetLineCount() - 1;
+}
+
+void CRecord::AppendLine(std::string_view text) {
     const std::size_t size = static_cast<std::size_t>(m_nLineLength + kLineRoom);
     char* line = NewLine();
     const std::string_view kept = text.substr(0, std::min(text.find('\0'), size - 1));
     std::memcpy(line, kept.data(), kept.size());
     std::memset(line + kept.size(), 0, size - kept.size());
-    OnLinesChanged();
-    return GetLineCount() - 1;
 }
 
 int CRecord::AppendContinuationLine(int headerLength) {
@@ -130,18 +184,17 @@ int CRecord::AppendContinuationLine(int headerLength) {
 }
 
 void CRecord::ReplaceLastLine(const char* text) {
+    BeforeLinesChange();
     std::memcpy(m_pCurLine, text, tabvex::kRecordLength);
     std::memset(m_pCurLine + tabvex::kRecordLength, 0, kLineRoom);
-    OnLinesChanged();
 }
 
 int CRecord::HardWrite(const CItemDef& definition, std::string_view text) {
     if (m_Lines.empty()) {
         return TABVEX_ITEM_NO_LINE;
     }
-    PrepareWrite();
+    BeforeLinesChange();
     PutIntoLine(std::min(m_nCurLine, GetLineCount() - 1), definition.Position - 1, text);
-    OnLinesChanged();
     return TABVEX_OK;
 }
 
@@ -151,7 +204,8 @@ int CRecord::FillDefaults() {
 
 int CRecord::WriteLines(CLineFile& file, bool crlf) {
     const auto length = static_cast<std::size_t>(m_nLineLength);
-    for (char* line : m_Lines) {
+    for (int index = 0; index < GetLineCount(); ++index) {
+        char* line = LineAt(index);
         std::memcpy(line + length, crlf ? "\r\n" : "\0\0", kLineRoom);
         const char* text = line;
         std::array<char, tabvex::kLongLineLength + kLineRoom> padded;
@@ -180,9 +234,13 @@ void CRecord::AppendLines(std::string& text, bool lf) const {
     }
 }
 
-void CRecord::OnLinesChanged() {}
+void CRecord::BeforeLinesChange() {}
 
-char* CRecord::LineAt(int index) const { return m_Lines[static_cast<std::size_t>(index)]; }
+void CRecord::AfterCreation() {}
+
+char* CRecord::LineAt(int index) const {
+    return m_Context.PoolOf(m_nLineLength).At(m_Lines[static_cast<std::size_t>(index)]);
+}
 
 std::string_view CRecord::CutFromLine(int line, int offset, int length) const {
     if (line < 0 || line >= GetLineCount() || offset < 0 || offset >= m_nLineLength || length <= 0) {
@@ -211,7 +269,8 @@ char* CRecord::NewLine() {
     if (m_Lines.size() == m_Lines.capacity()) {
         m_Lines.reserve(std::max<std::size_t>(1, 2 * m_Lines.size()));
     }
-    m_pCurLine = m_Context.PoolOf(m_nLineLength).Take();
-    m_Lines.push_back(m_pCurLine);
+    tabvex::CLinePool& pool = m_Context.PoolOf(m_nLineLength);
+    m_Lines.push_back(pool.Take());
+    m_pCurLine = pool.At(m_Lines.back());
     return m_pCurLine;
 }

@@ -20,8 +20,8 @@ inline constexpr int kLineLength = 128;
 inline constexpr int kLongLineLength = 640; // "FZ"
 
 struct CRecordContext {
-    CLinePool Lines{kLineLength + kLineRoom};
-    CLinePool LongLines{kLongLineLength + kLineRoom};
+    CLinePool Lines{kLineLength + kLineRoom, 8};
+    CLinePool LongLines{kLongLineLength + kLineRoom, 3};
     CTableFile Table;
     std::array<std::shared_ptr<const CLayout>, kRecordTypeCount> Layouts; // by record type; filled on demand
     CCodeLists Lists;

@@ -34,8 +34,12 @@ int CNumberedLetters::Set(const char* letter, int mode) {
     return TABVEX_OK;
 }
 
-bool CNumberedLetters::IsOn(char letter) const { return (m_nLetters & BitOf(letter)) != 0; }
+bool CNumberedLetters::IsOn(char letter) const {
+    return (m_nLetters & BitOf(letter)) != 0;
+}
 
-void CNumberedLetters::SwitchOn(char letter) { m_nLetters |= BitOf(letter); }
+void CNumberedLetters::SwitchOn(char letter) {
+    m_nLetters |= BitOf(letter);
+}
 
 } // namespace tabvex

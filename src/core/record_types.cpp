@@ -23,7 +23,9 @@ static_assert(KeysAreUnique());
 constexpr std::int8_t kNone = kNoRecordType;
 static_assert(kRecordTypeCount <= INT8_MAX);
 
-constexpr std::size_t Index(char character) { return static_cast<unsigned char>(character); }
+constexpr std::size_t Index(char character) {
+    return static_cast<unsigned char>(character);
+}
 
 // Plain types by their two characters: the few first characters get a row each, so that the whole table stays small.
 class CPlainTypes {
@@ -89,14 +91,18 @@ constexpr int kTypeW2N = RecordTypeOf("W2N");
 
 } // namespace
 
-int FindRecordType(std::string_view key) { return key == "W2_NEU" ? kTypeW2N : RecordTypeOf(key); }
+int FindRecordType(std::string_view key) {
+    return key == "W2_NEU" ? kTypeW2N : RecordTypeOf(key);
+}
 
 int RecordTypeOfItem(int item) {
     const int range = FindItemNumberRange(item);
     return range < 0 ? kNoRecordType : kTypesOfRanges[static_cast<std::size_t>(range)];
 }
 
-bool IsListType(int type) { return type != kNoRecordType && RecordTypeRow(type).Class == ERecordClass::List; }
+bool IsListType(int type) {
+    return type != kNoRecordType && RecordTypeRow(type).Class == ERecordClass::List;
+}
 
 int GetRecordTypeKey(const char* line, char (&key)[kKeySize]) {
     const char family[] = {line[0], line[1], line[7], line[8], '\0'};

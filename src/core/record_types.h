@@ -82,7 +82,9 @@ constexpr int RecordTypeOf(std::string_view key) {
     return kNoRecordType;
 }
 
-constexpr const CRecordTypeRow& RecordTypeRow(int type) { return kRecordTypes[static_cast<std::size_t>(type)]; }
+constexpr const CRecordTypeRow& RecordTypeRow(int type) {
+    return kRecordTypes[static_cast<std::size_t>(type)];
+}
 
 /// Type of a key that a caller or an item range names; "W2_NEU" is another name of "W2N".
 int FindRecordType(std::string_view key);

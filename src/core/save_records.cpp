@@ -23,7 +23,9 @@ bool KeepsMarker(std::string_view type) {
 }
 
 // Calculation records are kept, but not written.
-bool IsWritten(const CRecord& record) { return record.GetType()[0] != 'K'; }
+bool IsWritten(const CRecord& record) {
+    return record.GetType()[0] != 'K';
+}
 
 // A record whose bytes did not all reach the file was not written, though its own calls succeeded.
 int SumResults(const CLineFile& file, const std::vector<int>& results, const std::vector<std::uint64_t>& ends,
@@ -47,19 +49,20 @@ void CAllRecords::PrepareSave() {
     }
     for (const auto& record : m_pState->Store.All()) {
         const bool keeps = KeepsMarker(record->GetType());
-        for (char* line : record->m_Lines) {
+        for (int index = 0; index < record->GetLineCount(); ++index) {
+            char* line = record->LineAt(index);
             char& marker = line[tabvex::kNumberingOffset];
             if (!m_pState->NumberedLetters.IsOn(line[0])) {
                 marker = kNotNumbered;
             } else if (!keeps) {
                 marker = next;
                 next = kLaterNumbered;
-                lastNumbered = line == record->m_Lines.back() ? record.get() : lastNumbered;
+                lastNumbered = index + 1 == record->GetLineCount() ? record.get() : lastNumbered;
             }
         }
     }
     if (lastNumbered != nullptr) {
-        lastNumbered->m_Lines.back()[tabvex::kNumberingOffset] = kLastNumbered;
+        lastNumbered->LineAt(lastNumbered->GetLineCount() - 1)[tabvex::kNumberingOffset] = kLastNumbered;
     }
 }
 
@@ -90,7 +93,9 @@ int CAllRecords::SaveAllRecords(const char* fileName, int crlf) {
     });
 }
 
-int CAllRecords::GetSaveErrors() const { return m_pState->SaveErrors; }
+int CAllRecords::GetSaveErrors() const {
+    return m_pState->SaveErrors;
+}
 
 int CAllRecords::WriteAllRecords(char* buffer, int bufferSize, int lf) {
     return tabvex::Guarded([&]() -> int {
@@ -117,13 +122,17 @@ int CAllRecords::WriteAllRecords(char* buffer, int bufferSize, int lf) {
     });
 }
 
-int CAllRecords::GetX1Record(char* buffer, int bufferSize) { return GetSingleRecord("X1", false, buffer, bufferSize); }
+int CAllRecords::GetX1Record(char* buffer, int bufferSize) {
+    return GetSingleRecord("X1", false, buffer, bufferSize);
+}
 
 int CAllRecords::GetXDollarRecord(char* buffer, int bufferSize) {
     return GetSingleRecord("X$", false, buffer, bufferSize);
 }
 
-int CAllRecords::GetX7Record(char* buffer, int bufferSize) { return GetSingleRecord("X7", true, buffer, bufferSize); }
+int CAllRecords::GetX7Record(char* buffer, int bufferSize) {
+    return GetSingleRecord("X7", true, buffer, bufferSize);
+}
 
 int CAllRecords::GetSingleRecord(const char* type, bool whole, char* buffer, int bufferSize) {
     return tabvex::Guarded([&]() -> int {

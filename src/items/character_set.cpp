@@ -8,9 +8,12 @@ void CAllRecordsEx::SetCharacterSet(const char* mode) {
     }
 }
 
-int CAllRecordsEx::SetCodePages(int oem, int ansi) { return m_pState->Context.CodePages.Select(oem, ansi); }
+int CAllRecordsEx::SetCodePages(int oem, int ansi) {
+    return m_pState->Context.CodePages.Select(oem, ansi);
+}
 
 int CAllRecords::SetNewCharacterTable(const char* sequence) {
-    return tabvex::Guarded(
-        [&]() -> int { return sequence == nullptr ? TABVEX_BAD_ARGUMENT : m_pState->CollatingTable.SetSequence(sequence); });
+    return tabvex::Guarded([&]() -> int {
+        return sequence == nullptr ? TABVEX_BAD_ARGUMENT : m_pState->CollatingTable.SetSequence(sequence);
+    });
 }

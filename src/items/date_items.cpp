@@ -47,8 +47,7 @@ int CAllRecords::ReadDateItem(int item, const char* format, char* buffer, int si
         const tabvex::CRecordContext& context = m_pState->Context;
         std::string& text = m_pState->Context.ValueText;
         result = ConvertDate(field, target.Definition->DatePattern, format, text);
-        const int delivered =
-            tabvex::DeliverText(text, buffer, size, context.IsOem ? &context.CodePages : nullptr);
+        const int delivered = tabvex::DeliverText(text, buffer, size, context.IsOem ? &context.CodePages : nullptr);
         return delivered == TABVEX_OK ? result : delivered;
     });
 }

@@ -21,7 +21,9 @@ int DeliverText(std::string_view text, char* buffer, int size, const CCodePages*
 
 namespace {
 
-const CCodePages* OemPages(const CRecordContext& context) { return context.IsOem ? &context.CodePages : nullptr; }
+const CCodePages* OemPages(const CRecordContext& context) {
+    return context.IsOem ? &context.CodePages : nullptr;
+}
 
 // The text in the record's character set; valid until the next write.
 std::string_view PreparedText(CRecordContext& context, const char* text) {
@@ -60,11 +62,17 @@ CRecord* CAllRecords::GetOrCreateRecordOfItem(int item) {
     return type == tabvex::kNoRecordType || !KnowsType(type) ? nullptr : GetOrCreateRecord(type, true);
 }
 
-int CAllRecords::ReadItem(int item, char* buffer, int size) { return ReadText(item, false, buffer, size); }
+int CAllRecords::ReadItem(int item, char* buffer, int size) {
+    return ReadText(item, false, buffer, size);
+}
 
-int CAllRecords::HardReadItem(int item, char* buffer, int size) { return ReadItem(item, buffer, size); }
+int CAllRecords::HardReadItem(int item, char* buffer, int size) {
+    return ReadItem(item, buffer, size);
+}
 
-int CAllRecords::ReadCharItem(int item, char* buffer, int size) { return ReadText(item, true, buffer, size); }
+int CAllRecords::ReadCharItem(int item, char* buffer, int size) {
+    return ReadText(item, true, buffer, size);
+}
 
 int CAllRecords::ReadText(int item, bool charactersOnly, char* buffer, int size) {
     return WithTable([&]() -> int {

@@ -10,7 +10,9 @@ struct CAllRecords::CItemTarget {
 
 namespace tabvex {
 
-inline bool IsCharacterItem(const CItemDef& definition) { return definition.Format == 'C' || definition.Format == 'U'; }
+inline bool IsCharacterItem(const CItemDef& definition) {
+    return definition.Format == 'C' || definition.Format == 'U';
+}
 
 /// Copies a text into a caller's buffer of `size` characters, terminator included. TABVEX_OK, or TABVEX_TEXT_CUT with
 /// the first `size` - 1 characters copied. In OEM mode (`codePages` given) the copy is converted to ANSI.

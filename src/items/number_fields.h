@@ -15,7 +15,8 @@ int ParseIntField(const CItemDef& definition, std::string_view field, int& value
 /// TABVEX_OK; TABVEX_VALUE_BLANK with value 0.0; TABVEX_VALUE_NOT_A_NUMBER with the unscaled value read so far.
 int ParseFloatField(const CItemDef& definition, std::string_view field, double& value);
 
-/// Rounds to a number of decimals: half up, and toward zero after adding one half for negative values (kept on purpose).
+/// Rounds to a number of decimals: half up, and toward zero after adding one half for negative values (kept on
+/// purpose).
 double RoundToDecimals(double value, int decimals);
 
 /// Room for any number that PrintNumber makes, terminator included.

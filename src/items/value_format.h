@@ -9,7 +9,7 @@
 namespace tabvex {
 
 /// Turns a value into the text of its field. `check` holds it against the value list and the ranges as well. `field` is
-/// replaced only on success. Allocates nothing once `field` has the capacity.
+/// replaced only on success; `value` must not lie in it. Allocates nothing once `field` has the capacity.
 /// TABVEX_OK; TABVEX_VALUE_NOT_LISTED, TABVEX_VALUE_TOO_LONG (character items); TABVEX_VALUE_NOT_A_NUMBER,
 /// TABVEX_VALUE_NUMBER_NOT_LISTED, TABVEX_VALUE_OUT_OF_RANGE, TABVEX_VALUE_DOES_NOT_FIT (numbers);
 /// TABVEX_DATE_ITEM_NO_PATTERN, TABVEX_DATE_DOES_NOT_FIT (dates, given in canonical form YYYYMMDD).

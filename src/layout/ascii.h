@@ -18,7 +18,9 @@ inline std::string UpperCase(std::string_view text) {
 }
 
 /// Blanks, tabs and what else separates words.
-constexpr bool IsSpace(char character) { return character == ' ' || (character >= '\t' && character <= '\r'); }
+constexpr bool IsSpace(char character) {
+    return character == ' ' || (character >= '\t' && character <= '\r');
+}
 
 constexpr std::string_view TrimSpaceLeft(std::string_view text) {
     while (!text.empty() && IsSpace(text.front())) {

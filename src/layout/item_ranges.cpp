@@ -29,8 +29,8 @@ constexpr bool RangesAreSameOrApart() {
     for (std::size_t i = 1; i < kByLowest.size(); ++i) {
         const CItemNumberRange& before = kItemNumberRanges[kByLowest[i - 1]];
         const CItemNumberRange& range = kItemNumberRanges[kByLowest[i]];
-        const bool same = before.Lowest == range.Lowest && before.Highest == range.Highest &&
-                          before.TypeKey == range.TypeKey;
+        const bool same =
+            before.Lowest == range.Lowest && before.Highest == range.Highest && before.TypeKey == range.TypeKey;
         if (range.Lowest > range.Highest || !(same || before.Highest < range.Lowest)) {
             return false;
         }

@@ -18,15 +18,14 @@ int CAllRecords::LoadTable(const char* fileName, int versionMajor, int versionMi
 }
 
 int CAllRecords::SumItemLengths(const char* type, int lowest, int highest) {
-    return tabvex::Guarded(
-        [&]() -> int {
-            if (type == nullptr) {
-                return TABVEX_BAD_ARGUMENT;
-            }
-            const int index = tabvex::RecordTypeOf(type);
-            if (index != tabvex::kNoRecordType) {
-                return m_pState->Context.LayoutOf(index)->SumLengths(lowest, highest);
-            }
-            return tabvex::CLayout(m_pState->Context.Table.GetImage(), type).SumLengths(lowest, highest);
-        });
+    return tabvex::Guarded([&]() -> int {
+        if (type == nullptr) {
+            return TABVEX_BAD_ARGUMENT;
+        }
+        const int index = tabvex::RecordTypeOf(type);
+        if (index != tabvex::kNoRecordType) {
+            return m_pState->Context.LayoutOf(index)->SumLengths(lowest, highest);
+        }
+        return tabvex::CLayout(m_pState->Context.Table.GetImage(), type).SumLengths(lowest, highest);
+    });
 }

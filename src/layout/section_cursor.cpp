@@ -49,7 +49,9 @@ int CSectionCursor::NextLine() {
     return TextLength();
 }
 
-std::string_view CSectionCursor::GetText() { return WithLineBreaks(RawText()); }
+std::string_view CSectionCursor::GetText() {
+    return WithLineBreaks(RawText());
+}
 
 int CSectionCursor::GetColumnCount() const {
     const char delimiter = m_pImage->Header.Delimiter;
@@ -120,6 +122,8 @@ std::string_view CSectionCursor::WithLineBreaks(std::string_view text) {
     return m_strText;
 }
 
-int CSectionCursor::TextLength() { return static_cast<int>(GetText().size()); }
+int CSectionCursor::TextLength() {
+    return static_cast<int>(GetText().size());
+}
 
 } // namespace tabvex

@@ -20,7 +20,9 @@ constexpr std::size_t kHeaderLineSize = 500;
 // A reader may fill the whole buffer without ending the text; the byte behind it always does.
 using CReaderLine = std::array<char, tabvex::kReaderLineSize + 1>;
 
-std::string_view TextOf(const CReaderLine& line) { return {line.data(), std::strlen(line.data())}; }
+std::string_view TextOf(const CReaderLine& line) {
+    return {line.data(), std::strlen(line.data())};
+}
 
 // The whole buffer counts, with what earlier lines have left behind this one's end; characters above 127 do not.
 bool IsBlank(const CReaderLine& line) {
@@ -119,7 +121,9 @@ int CTableFile::NextLine(char* buffer, int size) {
     return buffer == nullptr || size < 1 ? TABVEX_LINE_NO_BUFFER : Copy(m_Cursor.GetText(), buffer, size);
 }
 
-int CTableFile::GetColumnCount() const { return m_Cursor.GetColumnCount(); }
+int CTableFile::GetColumnCount() const {
+    return m_Cursor.GetColumnCount();
+}
 
 int CTableFile::GetColumn(int index, char* buffer, int size) {
     if (buffer == nullptr || size < 1) {

@@ -38,7 +38,8 @@ public:
 
     /// One header field: 0 id, 1 version (major, minor), 2 date (year, month, day), 3 author, 4 country, 5 language,
     /// 6 delimiter, 7 comment, 8 newline; nothing for any other number and for texts that are absent.
-    using CHeaderField = std::variant<std::monostate, std::string, std::pair<int, int>, std::tuple<int, int, int>, char>;
+    using CHeaderField =
+        std::variant<std::monostate, std::string, std::pair<int, int>, std::tuple<int, int, int>, char>;
     CHeaderField GetHeaderField(int number) const;
     const tabvex::CTableHeader& GetHeader() const { return m_pImage->Header; }
 

@@ -49,18 +49,16 @@ void CTableImage::CutComments(char comment) {
     VisitLinesWith(comment, [this](int index, std::size_t at) {
         m_Lines[static_cast<std::size_t>(index)].Length = static_cast<std::uint32_t>(at);
     });
-    m_Lines.erase(
-        std::remove_if(m_Lines.begin(), m_Lines.end(), [](const CLine& line) { return line.Length == 0; }),
-        m_Lines.end());
+    m_Lines.erase(std::remove_if(m_Lines.begin(), m_Lines.end(), [](const CLine& line) { return line.Length == 0; }),
+                  m_Lines.end());
 }
 
 void CTableImage::IndexHeads() {
     m_Heads.clear();
     m_nFirstDataHead = kNone;
     VisitLinesWith('[', [this](int index, std::size_t) { AddHead(index); });
-    std::sort(m_Heads.begin(), m_Heads.end(), [](const CHead& a, const CHead& b) {
-        return std::tie(a.Name, a.Line) < std::tie(b.Name, b.Line);
-    });
+    std::sort(m_Heads.begin(), m_Heads.end(),
+              [](const CHead& a, const CHead& b) { return std::tie(a.Name, a.Line) < std::tie(b.Name, b.Line); });
 }
 
 // Any text may stand around the brackets; "DATA_" anywhere in the line makes it the start of a data section.
@@ -98,6 +96,8 @@ int CTableImage::FindHead(std::string_view name) const {
     return plain == kNone || (data != kNone && data < plain) ? data : plain;
 }
 
-bool CTableImage::IsDataHead(int index) const { return m_Lines[static_cast<std::size_t>(index)].IsDataHead; }
+bool CTableImage::IsDataHead(int index) const {
+    return m_Lines[static_cast<std::size_t>(index)].IsDataHead;
+}
 
 } // namespace tabvex

@@ -10,7 +10,8 @@ class CCodePages {
 public:
     CCodePages();
 
-    /// Chooses the pages by number: 850 or 437 for OEM, 1252 for ANSI. 0, or -1 with no change for a pair it does not have.
+    /// Chooses the pages by number: 850 or 437 for OEM, 1252 for ANSI. 0, or -1 with no change for a pair it does not
+    /// have.
     int Select(int oem, int ansi);
 
     /// Converts `size` characters in place; NULs and characters below 128 stay as they are.

@@ -12,7 +12,9 @@ namespace tabvex {
 
 const char* const kTableReaderFile = "libTBLREAD.so";
 
-CFile::~CFile() { Close(); }
+CFile::~CFile() {
+    Close();
+}
 
 bool CFile::OpenForReading(const char* fileName) {
     const int handle = ::open(fileName, O_RDONLY | O_CLOEXEC);
@@ -67,7 +69,9 @@ bool CFile::Close() {
     return ::close(handle) == 0;
 }
 
-CSharedLibrary::~CSharedLibrary() { Release(); }
+CSharedLibrary::~CSharedLibrary() {
+    Release();
+}
 
 bool CSharedLibrary::Load(const char* fileName) {
     Release();
@@ -75,7 +79,9 @@ bool CSharedLibrary::Load(const char* fileName) {
     return IsLoaded();
 }
 
-void* CSharedLibrary::Find(const char* name) const { return ::dlsym(m_pHandle, name); }
+void* CSharedLibrary::Find(const char* name) const {
+    return ::dlsym(m_pHandle, name);
+}
 
 void CSharedLibrary::Release() {
     if (IsLoaded()) {

@@ -6,6 +6,7 @@
 #include "core/all_records.h"
 #include "layout/ascii.h"
 #include "layout/number_text.h"
+#include "records/default_codes.h"
 
 using tabvex::CCodeLists;
 
@@ -13,36 +14,6 @@ namespace {
 
 constexpr unsigned kTableKind = 0;       // codes of the numeric mutation item
 constexpr unsigned kSecondTableKind = 4; // codes of the two-part mutation item: numeric all the same, kept on purpose
-constexpr unsigned kTwoPartKind = 3;
-
-constexpr std::array kRepairMethodsA = {"E",  "ET",  "TE",  "I",  "IT", "N",   "P",  "V",  "U",  "H",   "LE", "LE1",
-                                        "LE2", "LE3", "LE4", "LI", "LI1", "L",  "S",  "IE", "NE", "PE",  "UE", "HE",
-                                        "LEE", "SN",  "LV",  "EV", "EVI", "EO", "IO", "NO", "PO", "LEO", "LIO", "LO"};
-constexpr std::array kRepairMethodsB = {"E",   "ET",  "TE",  "I",  "IT",  "N", "P", "V", "U",   "H",
-                                        "LE",  "LE1", "LE2", "LE3", "LE4", "LI", "LI1", "L", "S", "R",
-                                        "E G", "PE",  "EO",  "IO", "NO",  "PO", "LEO", "LIO", "LO"};
-static_assert(kRepairMethodsA.size() == 36 && kRepairMethodsB.size() == 29);
-
-struct CMutationCode {
-    const char* Code;
-    unsigned Kind;
-};
-
-constexpr std::array<CMutationCode, 13> kMutationsC = {{{"BM", 0},
-                                                        {"EM", 0},
-                                                        {"IM", 0},
-                                                        {"WM", 0},
-                                                        {"MM", 0},
-                                                        {"LM", 0},
-                                                        {"NM", 0},
-                                                        {"FM", 0},
-                                                        {"VM", 0},
-                                                        {"QM", 0},
-                                                        {"GM", 0},
-                                                        {"XM", 0},
-                                                        {"TM", kTwoPartKind}}};
-constexpr std::array<CMutationCode, 5> kMutationsD = {{{"EM", 0}, {"IM", 0}, {"WM", 0}, {"MM", 0}, {"LM", 0}}};
-
 constexpr int kNoValues = -1;
 constexpr std::size_t kLineSize = 500; // columns are cut there
 
@@ -79,8 +50,8 @@ void AddAll(const std::array<const char*, Count>& codes, CStringArray& list) {
 }
 
 template <std::size_t Count>
-void AddAll(const std::array<CMutationCode, Count>& mutations, CStringArray& codes, CUIntArray& kinds) {
-    for (const CMutationCode& mutation : mutations) {
+void AddAll(const std::array<tabvex::CMutationCode, Count>& mutations, CStringArray& codes, CUIntArray& kinds) {
+    for (const tabvex::CMutationCode& mutation : mutations) {
         codes.Add(mutation.Code);
         kinds.Add(mutation.Kind);
     }
@@ -102,7 +73,7 @@ void FillMutations(const tabvex::CTableImage& image, const char* type, int numer
     AppendMutations(image, type, numericItem, kTableKind, codes, kinds);
     AppendMutations(image, type, twoPartItem, kSecondTableKind, codes, kinds);
     if (codes.GetSize() == 0) {
-        AddAll(kMutationsC, codes, kinds);
+        AddAll(tabvex::kMutationsC, codes, kinds);
     }
 }
 
@@ -119,13 +90,13 @@ void FillW4Lists(const tabvex::CTableImage& image, CCodeLists& lists) {
     lists.W4RepairMethods.RemoveAll();
     // Only a reading that succeeds without values is replaced; a failed one leaves the list empty: kept on purpose.
     if (AppendValues(image, "W4", 4515, lists.W4RepairMethods) == 0) {
-        AddAll(kRepairMethodsA, lists.W4RepairMethods);
+        AddAll(tabvex::kRepairMethodsA, lists.W4RepairMethods);
     }
     lists.W4Mutations.RemoveAll();
     lists.W4MutationKinds.RemoveAll();
     AppendMutations(image, "W4", 4555, kTableKind, lists.W4Mutations, lists.W4MutationKinds);
     if (lists.W4Mutations.GetSize() == 0) {
-        AddAll(kMutationsD, lists.W4Mutations, lists.W4MutationKinds);
+        AddAll(tabvex::kMutationsD, lists.W4Mutations, lists.W4MutationKinds);
     }
 }
 
@@ -166,15 +137,17 @@ CStringArray* RepairMethodsOf(CCodeLists& lists, std::string_view type) {
 void CAllRecords::FillCodeLists() {
     CCodeLists& lists = m_pState->Context.Lists;
     const tabvex::CTableImage& image = *m_pState->Context.Table.GetImage();
-    FillRepairMethods(image, "X4", 4025, kRepairMethodsA, lists.X4RepairMethods);
+    FillRepairMethods(image, "X4", 4025, tabvex::kRepairMethodsA, lists.X4RepairMethods);
     FillW4Lists(image, lists);
-    FillRepairMethods(image, "X6", 6015, kRepairMethodsB, lists.X6RepairMethods);
-    FillRepairMethods(image, "W6", 6515, kRepairMethodsB, lists.W6RepairMethods);
+    FillRepairMethods(image, "X6", 6015, tabvex::kRepairMethodsB, lists.X6RepairMethods);
+    FillRepairMethods(image, "W6", 6515, tabvex::kRepairMethodsB, lists.W6RepairMethods);
     FillMutations(image, "X4", 4055, 4070, lists.X4Mutations, lists.X4MutationKinds);
     m_pState->Context.ForgetLayouts();
 }
 
-void CAllRecordsEx::FillCodeLists() { ReadRepArtAndMutList(); }
+void CAllRecordsEx::FillCodeLists() {
+    ReadRepArtAndMutList();
+}
 
 void CAllRecordsEx::ReadRepArtAndMutList() {
     CAllRecords::FillCodeLists();
@@ -183,7 +156,7 @@ void CAllRecordsEx::ReadRepArtAndMutList() {
 }
 
 void CAllRecordsEx::ReadG9RepArtList() {
-    FillRepairMethods(*m_pState->Context.Table.GetImage(), "G9", 19225, kRepairMethodsA,
+    FillRepairMethods(*m_pState->Context.Table.GetImage(), "G9", 19225, tabvex::kRepairMethodsA,
                       m_pState->Context.Lists.G9RepairMethods);
     m_pState->Context.ForgetLayouts();
 }
@@ -216,7 +189,9 @@ void CAllRecords::SetRepairMethodList(char* type, const char* list) {
     });
 }
 
-bool CAllRecords::HasMutationList(std::string_view type) const { return type == "X4" || type == "W4"; }
+bool CAllRecords::HasMutationList(std::string_view type) const {
+    return type == "X4" || type == "W4";
+}
 
 bool CAllRecordsEx::HasMutationList(std::string_view type) const {
     return type == "G9" || CAllRecords::HasMutationList(type);
@@ -259,31 +234,54 @@ void CAllRecords::ReplaceMutationList(const std::string& type, const char* list)
     });
     CCodeLists& lists = m_pState->Context.Lists;
     CStringArray& targetCodes = type == "X4" ? lists.X4Mutations : type == "W4" ? lists.W4Mutations : lists.G9Mutations;
-    CUIntArray& targetKinds =
-        type == "X4" ? lists.X4MutationKinds : type == "W4" ? lists.W4MutationKinds : lists.G9MutationKinds;
+    CUIntArray& targetKinds = type == "X4"   ? lists.X4MutationKinds
+                              : type == "W4" ? lists.W4MutationKinds
+                                             : lists.G9MutationKinds;
     targetCodes = std::move(codes);
     targetKinds = std::move(kinds);
     m_pState->Context.ForgetLayouts();
 }
 
-CStringArray* CAllRecords::GetX4RepArtList() { return &m_pState->Context.Lists.X4RepairMethods; }
+CStringArray* CAllRecords::GetX4RepArtList() {
+    return &m_pState->Context.Lists.X4RepairMethods;
+}
 
-CStringArray* CAllRecords::GetW4RepArtList() { return &m_pState->Context.Lists.W4RepairMethods; }
+CStringArray* CAllRecords::GetW4RepArtList() {
+    return &m_pState->Context.Lists.W4RepairMethods;
+}
 
-CStringArray* CAllRecords::GetX6RepArtList() { return &m_pState->Context.Lists.X6RepairMethods; }
+CStringArray* CAllRecords::GetX6RepArtList() {
+    return &m_pState->Context.Lists.X6RepairMethods;
+}
 
-CStringArray* CAllRecords::GetW6RepArtList() { return &m_pState->Context.Lists.W6RepairMethods; }
+CStringArray* CAllRecords::GetW6RepArtList() {
+    return &m_pState->Context.Lists.W6RepairMethods;
+}
 
-CStringArray* CAllRecords::GetX4MutationList() { return &m_pState->Context.Lists.X4Mutations; }
+CStringArray* CAllRecords::GetX4MutationList() {
+    return &m_pState->Context.Lists.X4Mutations;
+}
 
-CStringArray* CAllRecords::GetW4MutationList() { return &m_pState->Context.Lists.W4Mutations; }
+CStringArray* CAllRecords::GetW4MutationList() {
+    return &m_pState->Context.Lists.W4Mutations;
+}
 
-CUIntArray* CAllRecords::GetX4MutationKinds() { return &m_pState->Context.Lists.X4MutationKinds; }
+CUIntArray* CAllRecords::GetX4MutationKinds() {
+    return &m_pState->Context.Lists.X4MutationKinds;
+}
 
-CUIntArray* CAllRecords::GetW4MutationKinds() { return &m_pState->Context.Lists.W4MutationKinds; }
+CUIntArray* CAllRecords::GetW4MutationKinds() {
+    return &m_pState->Context.Lists.W4MutationKinds;
+}
 
-CStringArray* CAllRecordsEx::GetG9RepArtList() { return &m_pState->Context.Lists.G9RepairMethods; }
+CStringArray* CAllRecordsEx::GetG9RepArtList() {
+    return &m_pState->Context.Lists.G9RepairMethods;
+}
 
-CStringArray* CAllRecordsEx::GetG9MutationList() { return &m_pState->Context.Lists.G9Mutations; }
+CStringArray* CAllRecordsEx::GetG9MutationList() {
+    return &m_pState->Context.Lists.G9Mutations;
+}
 
-CUIntArray* CAllRecordsEx::GetG9MutationKinds() { return &m_pState->Context.Lists.G9MutationKinds; }
+CUIntArray* CAllRecordsEx::GetG9MutationKinds() {
+    return &m_pState->Context.Lists.G9MutationKinds;
+}

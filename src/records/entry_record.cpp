@@ -12,16 +12,15 @@ namespace tabvex {
 
 namespace {
 
-constexpr int kLongestEntry = 4096;   // no line is as long, whatever a layout says
-constexpr int kLastEntryEnd = 127;    // of the types whose group end depends on the entry length
+constexpr int kLongestEntry = 4096; // no line is as long, whatever a layout says
+constexpr int kLastEntryEnd = 127;  // of the types whose group end depends on the entry length
 constexpr int kDefaultFirstOffset = 7;
 constexpr std::size_t kBlankTest = 76; // characters that tell a blank entry
 
-bool IsBlank(std::string_view text) { return text.find_first_not_of(' ') == std::string_view::npos; }
-
 } // namespace
 
-CEntryRecord::CEntryRecord(const CGroupRow& row, CRecordContext& context) : CRecord(row.Type.data(), context), m_Group() {
+CEntryRecord::CEntryRecord(const CGroupRow& row, CRecordContext& context)
+    : CRecord(row.Type.data(), context), m_Group() {
     m_Group.Row = &row;
     m_pLayout = context.LayoutOf(RecordTypeOf(row.Type));
     m_nCurOffset = row.FirstOffset == kFromLayout ? Group().FirstOffset : row.FirstOffset;
@@ -189,9 +188,9 @@ int CEntryRecord::WriteEntry(int item, const CItemDef& /*definition*/, std::stri
 // With a write limit that alone counts; without one the entry must also fit into the line.
 int CEntryRecord::MakeRoom(int writeLimit) {
     const CGroup& group = Group();
-    const bool room = writeLimit != kNoLimit ? m_nCurOffset < writeLimit
-                                             : m_nCurOffset <= group.LastOffset &&
-                                                   m_nCurOffset + group.EntryLength <= m_nLineLength;
+    const bool room = writeLimit != kNoLimit
+                          ? m_nCurOffset < writeLimit
+                          : m_nCurOffset <= group.LastOffset && m_nCurOffset + group.EntryLength <= m_nLineLength;
     if (room && !IsPastLastLine()) {
         return TABVEX_OK;
     }

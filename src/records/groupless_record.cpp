@@ -10,9 +10,13 @@ CGrouplessRecord::CGrouplessRecord(int type, CRecordContext& context)
     m_pLayout = context.LayoutOf(type);
 }
 
-int CGrouplessRecord::FirstEntry(int /*item*/) { return TABVEX_ENTRY_NO_GROUP; }
+int CGrouplessRecord::FirstEntry(int /*item*/) {
+    return TABVEX_ENTRY_NO_GROUP;
+}
 
-int CGrouplessRecord::NextEntry(int /*item*/) { return TABVEX_ENTRY_NO_GROUP; }
+int CGrouplessRecord::NextEntry(int /*item*/) {
+    return TABVEX_ENTRY_NO_GROUP;
+}
 
 int CGrouplessRecord::ReadEntryItem(int /*item*/, const CItemDef& /*definition*/, std::string_view& /*text*/) {
     return TABVEX_ENTRY_NO_GROUP;

@@ -10,9 +10,13 @@ CListRecord::CListRecord(int type, CRecordContext& context) : CRecord(RecordType
     m_pLayout = context.LayoutOf(type);
 }
 
-int CListRecord::FirstEntry(int /*item*/) { return TABVEX_OK; }
+int CListRecord::FirstEntry(int /*item*/) {
+    return TABVEX_OK;
+}
 
-int CListRecord::NextEntry(int /*item*/) { return TABVEX_OK; }
+int CListRecord::NextEntry(int /*item*/) {
+    return TABVEX_OK;
+}
 
 int CListRecord::ReadEntryItem(int /*item*/, const CItemDef& definition, std::string_view& text) {
     if (GetLineCount() == 0) {

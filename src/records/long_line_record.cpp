@@ -4,6 +4,8 @@
 
 namespace tabvex {
 
-int CLongLineRecord::AppendContinuationLine(int /*headerLength*/) { return TABVEX_OK; }
+int CLongLineRecord::AppendContinuationLine(int /*headerLength*/) {
+    return TABVEX_OK;
+}
 
 } // namespace tabvex

@@ -7,6 +7,8 @@
 #include "records/groupless_record.h"
 #include "records/list_record.h"
 #include "records/long_line_record.h"
+#include "records/mutation_record.h"
+#include "records/old_mutation_record.h"
 #include "records/record_geometry.h"
 #include "records/searching_record.h"
 #include "records/two_group_record.h"
@@ -18,6 +20,7 @@ using tabvex::EVariant;
 namespace {
 
 constexpr int kTypeG3 = tabvex::RecordTypeOf("G3");
+constexpr int kTypeX4 = tabvex::RecordTypeOf("X4");
 constexpr int kTypeG9 = tabvex::RecordTypeOf("G9");
 
 std::unique_ptr<CRecord> NewEntryRecord(const tabvex::CGroupRow& row, CRecordContext& context) {
@@ -43,10 +46,17 @@ bool CAllRecords::KnowsType(int type) const {
            tabvex::RecordTypeRow(type).Class != tabvex::ERecordClass::Generic;
 }
 
-bool CAllRecordsEx::KnowsType(int type) const { return type == kTypeG9 || CAllRecords::KnowsType(type); }
+bool CAllRecordsEx::KnowsType(int type) const {
+    return type == kTypeG9 || CAllRecords::KnowsType(type);
+}
 
 std::unique_ptr<CRecord> CAllRecords::NewRecord(int type) {
     CRecordContext& context = m_pState->Context;
+    if (const tabvex::CMutationItems* items = tabvex::MutationItemsOf(tabvex::RecordTypeRow(type).Key)) {
+        const bool oldForm = type == kTypeX4 && !context.X4NewForm;
+        return oldForm ? std::unique_ptr<CRecord>(std::make_unique<tabvex::COldMutationRecord>(*items, context))
+                       : std::make_unique<tabvex::CMutationRecord>(*items, context);
+    }
     const tabvex::CGroupRows groups = tabvex::GroupRowsOf(tabvex::RecordTypeRow(type).Key);
     if (groups.Count != 0) {
         return NewEntryRecord(*groups.Begin, context);
@@ -57,16 +67,14 @@ std::unique_ptr<CRecord> CAllRecords::NewRecord(int type) {
     return std::make_unique<tabvex::CListRecord>(type, context);
 }
 
-std::unique_ptr<CRecord> CAllRecordsEx::NewRecord(int type) { return CAllRecords::NewRecord(type); }
-
 CRecord* CAllRecords::CreateRecord(int type, bool blankLine) {
     const int known = KnowsType(type) ? type : tabvex::kNoRecordType;
-    std::unique_ptr<CRecord> record = known == tabvex::kNoRecordType
-                                          ? std::make_unique<tabvex::CUnknownRecord>(m_pState->Context)
-                                          : NewRecord(known);
+    std::unique_ptr<CRecord> record =
+        known == tabvex::kNoRecordType ? std::make_unique<tabvex::CUnknownRecord>(m_pState->Context) : NewRecord(known);
     if (blankLine) {
         record->ParseLine(nullptr);
         record->FillDefaults(); // nothing without a layout
+        record->AfterCreation();
     }
     return m_pState->Store.Add(std::move(record), known);
 }

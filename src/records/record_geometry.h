@@ -34,10 +34,10 @@ inline constexpr int kFromLayout = -1; ///< offset that depends on the layout
 inline constexpr int kNoLimit = 0;
 
 struct CGroupFlags {
-    bool EmptySpanFails;    ///< FirstEntry answers when the layout gives the entry no length
-    bool BlankEnds;         ///< an all-blank entry ends the group
-    bool ForeignItemsFail;  ///< reading an item that is neither a header item nor one of the entry
-    bool OthersAreHeader;   ///< every item outside the entry is a header item
+    bool EmptySpanFails;   ///< FirstEntry answers when the layout gives the entry no length
+    bool BlankEnds;        ///< an all-blank entry ends the group
+    bool ForeignItemsFail; ///< reading an item that is neither a header item nor one of the entry
+    bool OthersAreHeader;  ///< every item outside the entry is a header item
 };
 
 struct CGroupRow {

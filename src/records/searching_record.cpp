@@ -16,9 +16,13 @@ constexpr int kW4MutationCode = 4555;
 
 } // namespace
 
-int CSearchingRecord::FindFirst(int item, std::string_view text) { return Search(item, text, true); }
+int CSearchingRecord::FindFirst(int item, std::string_view text) {
+    return Search(item, text, true);
+}
 
-int CSearchingRecord::FindNext(int item, std::string_view text) { return Search(item, text, false); }
+int CSearchingRecord::FindNext(int item, std::string_view text) {
+    return Search(item, text, false);
+}
 
 // The cursor moves only to an entry that matches.
 int CSearchingRecord::Search(int item, std::string_view text, bool fromFirst) {

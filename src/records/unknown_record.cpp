@@ -5,11 +5,17 @@
 
 namespace tabvex {
 
-CUnknownRecord::CUnknownRecord(CRecordContext& context) : CRecord(kUnknownType.data(), context) { m_bGeneric = 1; }
+CUnknownRecord::CUnknownRecord(CRecordContext& context) : CRecord(kUnknownType.data(), context) {
+    m_bGeneric = 1;
+}
 
-int CUnknownRecord::FirstEntry(int /*item*/) { return TABVEX_ENTRY_NO_LAYOUT; }
+int CUnknownRecord::FirstEntry(int /*item*/) {
+    return TABVEX_ENTRY_NO_LAYOUT;
+}
 
-int CUnknownRecord::NextEntry(int /*item*/) { return TABVEX_ENTRY_NO_LAYOUT; }
+int CUnknownRecord::NextEntry(int /*item*/) {
+    return TABVEX_ENTRY_NO_LAYOUT;
+}
 
 int CUnknownRecord::ReadEntryItem(int /*item*/, const CItemDef& /*definition*/, std::string_view& /*text*/) {
     return TABVEX_ENTRY_NO_LAYOUT;

@@ -6,6 +6,10 @@
 
 namespace tabvex {
 
+constexpr bool IsBlank(std::string_view text) {
+    return text.find_first_not_of(' ') == std::string_view::npos;
+}
+
 /// Number of parts: one more than there are delimiters.
 inline std::size_t CountParts(std::string_view value, char delimiter) {
     return static_cast<std::size_t>(std::count(value.begin(), value.end(), delimiter)) + 1;

@@ -1,7 +1,7 @@
 // The table-line reader: delivers the lines of one text file through four C entry points.
 //
-// Line ends LF, CR LF and CR are removed. A line's buffer holds 2000 bytes; what lies behind character 1999 of a line is
-// dropped. One file at a time is open; nothing is locked.
+// Line ends LF, CR LF and CR are removed. A line's buffer holds 2000 bytes; what lies behind character 1999 of a line
+// is dropped. One file at a time is open; nothing is locked.
 
 #include <cstdio>
 #include <cstring>
@@ -110,7 +110,7 @@ private:
     std::size_t m_nNext = 0;
     std::size_t m_nEnd = 0;
     bool m_bSkipLf = false;
-    char m_Block[1 << 16] = {};
+    char m_Block[1 << 14] = {};
 };
 
 CLineSource g_Source;
@@ -135,7 +135,11 @@ TBLREAD_API int GetFirstLine(char* line) {
 }
 
 /// Delivers the next line into a buffer of 2000 bytes. 0, or 1 with an empty text at the end of the file.
-TBLREAD_API int GetNextLine(char* line) { return GetFirstLine(line); }
+TBLREAD_API int GetNextLine(char* line) {
+    return GetFirstLine(line);
+}
 
 /// Closes the file; does nothing when none is open.
-TBLREAD_API void FileClose() { g_Source.Close(); }
+TBLREAD_API void FileClose() {
+    g_Source.Close();
+}
