@@ -42,7 +42,8 @@ public:
     bool IsGeneric() const;
     /// Number of lines.
     int GetLineCount() const;
-    /// Line `index` (0-based), NUL-terminated; the empty text when there is no such line.
+    /// Line `index` (0-based), NUL-terminated; the empty text when there is no such line. Entries and mutations that
+    /// were changed in a record of the newer form show in its lines once PrepareWrite has run.
     const char* GetLine(int index) const;
     /// Characters in a line of this type: 128, for "FZ" 640.
     int GetLineLength() const;
@@ -101,7 +102,7 @@ public:
     void ReplaceLastLine(const char* text);
     /// Overwrites the item in the line at the cursor (in the last one when the cursor is behind it). TABVEX_OK, or
     /// TABVEX_ITEM_NO_LINE.
-    int HardWrite(const CItemDef& definition, std::string_view text);
+    virtual int HardWrite(const CItemDef& definition, std::string_view text);
     /// Writes the default texts of the type's items into the line last added; the number of items with a default.
     int FillDefaults();
     /// Fix-up after a file was read. TABVEX_ENTRY_CHECK_FAILED (-2) for types that need none.

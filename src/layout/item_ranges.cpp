@@ -1,6 +1,5 @@
 #include "layout/item_ranges.h"
 
-#include <algorithm>
 #include <cstdint>
 
 namespace tabvex {
@@ -40,17 +39,39 @@ constexpr bool RangesAreSameOrApart() {
 
 static_assert(RangesAreSameOrApart());
 
+// Every item call looks for a range: item numbers are gathered in buckets, each of which names the first range, by
+// lowest number, that reaches into it or lies behind it. Few ranges lie in one bucket.
+constexpr int kBucketSize = 64;
+constexpr int kHighestItem = kItemNumberRanges[kByLowest.back()].Highest;
+constexpr std::size_t kBucketCount = kHighestItem / kBucketSize + 1;
+
+constexpr std::array<std::uint8_t, kBucketCount> FillBuckets() {
+    std::array<std::uint8_t, kBucketCount> buckets = {};
+    std::uint8_t range = 0;
+    for (std::size_t bucket = 0; bucket < kBucketCount; ++bucket) {
+        while (kItemNumberRanges[kByLowest[range]].Highest < static_cast<int>(bucket) * kBucketSize) {
+            ++range;
+        }
+        buckets[bucket] = range;
+    }
+    return buckets;
+}
+
+constexpr auto kBuckets = FillBuckets();
+
 } // namespace
 
 int FindItemNumberRange(int item) {
-    const auto* const behind =
-        std::upper_bound(kByLowest.begin(), kByLowest.end(), item,
-                         [](int number, std::uint8_t index) { return number < kItemNumberRanges[index].Lowest; });
-    if (behind == kByLowest.begin()) {
+    if (item < 0 || item > kHighestItem) {
         return -1;
     }
-    const int index = *(behind - 1);
-    return item <= kItemNumberRanges[static_cast<std::size_t>(index)].Highest ? index : -1;
+    for (std::size_t i = kBuckets[static_cast<std::size_t>(item / kBucketSize)]; i < kByLowest.size(); ++i) {
+        const CItemNumberRange& range = kItemNumberRanges[kByLowest[i]];
+        if (item <= range.Highest) {
+            return item >= range.Lowest ? kByLowest[i] : -1;
+        }
+    }
+    return -1;
 }
 
 } // namespace tabvex

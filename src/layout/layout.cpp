@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <cstring>
 
+#include "layout/item_ranges.h"
 #include "layout/number_text.h"
 #include "tabvex/result_codes.h"
 
@@ -105,9 +106,15 @@ CLayout::CLayout(std::shared_ptr<const CTableImage> image, std::string_view type
 
 const CItemDef* CLayout::Find(int number) const {
     const auto& byNumber = Parsed().m_ByNumber;
-    const auto found = std::lower_bound(byNumber.begin(), byNumber.end(), std::make_pair(number, 0));
-    const bool exists = found != byNumber.end() && found->first == number;
-    return exists ? &m_Items[static_cast<std::size_t>(found->second)] : nullptr;
+    const auto place = static_cast<std::size_t>(static_cast<std::int64_t>(number) - m_nLowestNumber);
+    if (place < byNumber.size()) {
+        const std::int32_t index = byNumber[place];
+        return index == kNoItem ? nullptr : &m_Items[static_cast<std::size_t>(index)];
+    }
+    // No item call asks for a number outside the type's range.
+    const auto found =
+        std::find_if(m_Items.begin(), m_Items.end(), [number](const CItemDef& item) { return item.Number == number; });
+    return found == m_Items.end() ? nullptr : &*found;
 }
 
 int CLayout::SumLengths(int lowest, int highest) const {
@@ -140,11 +147,8 @@ int CLayout::FillDefaults(char* line, int lineLength) const {
 }
 
 // Parsing on first use is not seen from outside, so that it may happen through a constant layout.
-const CLayout& CLayout::Parsed() const {
-    if (!m_bParsed) {
-        const_cast<CLayout*>(this)->Parse(); // NOLINT(cppcoreguidelines-pro-type-const-cast)
-    }
-    return *this;
+void CLayout::ParseNow() const {
+    const_cast<CLayout*>(this)->Parse(); // NOLINT(cppcoreguidelines-pro-type-const-cast)
 }
 
 void CLayout::Parse() {
@@ -196,11 +200,20 @@ int CLayout::ParseItem(CSectionCursor& cursor, bool first) {
 
 void CLayout::IndexItems() {
     m_ByNumber.clear();
-    m_ByNumber.reserve(m_Items.size());
-    for (const CItemDef& item : m_Items) {
-        m_ByNumber.emplace_back(item.Number, static_cast<int>(m_ByNumber.size()));
+    for (const CItemNumberRange& range : kItemNumberRanges) {
+        if (TypeKeyOf(range) == m_strType) {
+            m_nLowestNumber = range.Lowest;
+            m_ByNumber.assign(static_cast<std::size_t>(range.Highest - range.Lowest) + 1, kNoItem);
+            break;
+        }
     }
-    std::sort(m_ByNumber.begin(), m_ByNumber.end());
+    // Of items that occur twice the first one counts.
+    for (std::size_t index = m_Items.size(); index-- > 0;) {
+        const auto place = static_cast<std::size_t>(static_cast<std::int64_t>(m_Items[index].Number) - m_nLowestNumber);
+        if (place < m_ByNumber.size()) {
+            m_ByNumber[place] = static_cast<std::int32_t>(index);
+        }
+    }
 }
 
 void CLayout::CollectLengths(CSectionCursor& cursor) {

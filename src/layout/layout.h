@@ -1,6 +1,7 @@
 // The layout of one record type: its items, as the table file and the code lists describe them.
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -40,13 +41,21 @@ public:
     int FillDefaults(char* line, int lineLength) const;
 
 private:
+    static constexpr std::int32_t kNoItem = -1;
+
     struct CDefault {
         int Offset;
         int Length;
         std::string Text;
     };
 
-    const CLayout& Parsed() const;
+    const CLayout& Parsed() const {
+        if (!m_bParsed) {
+            ParseNow();
+        }
+        return *this;
+    }
+    void ParseNow() const;
     void Parse();
     int ParseItems(CSectionCursor& cursor);
     int ParseItem(CSectionCursor& cursor, bool first);
@@ -61,8 +70,9 @@ private:
     bool m_bParsed = false;
     int m_nResult = 0;
     std::vector<CItemDef> m_Items;
-    std::vector<std::pair<int, int>> m_ByNumber; // item number, index in m_Items
-    std::vector<std::pair<int, int>> m_Lengths;  // item number, length; of every line of the section
+    int m_nLowestNumber = 0;              // of the type's range of item numbers
+    std::vector<std::int32_t> m_ByNumber; // from there on: index in m_Items, kNoItem for numbers that are not used
+    std::vector<std::pair<int, int>> m_Lengths; // item number, length; of every line of the section
     std::vector<CDefault> m_Defaults;
     int m_nDefaultsResult = 0;
 };

@@ -24,8 +24,12 @@ constexpr std::string_view LineBreak(ENewlineMode mode) {
 } // namespace
 
 int CSectionCursor::FindSection(std::string_view name) {
+    return EnterSection(name, m_pImage->FindHead(name));
+}
+
+int CSectionCursor::EnterSection(std::string_view name, int head) {
     m_bHeader = false;
-    m_nLine = m_pImage->FindHead(name);
+    m_nLine = head;
     if (m_nLine == CTableImage::kNone) {
         return TABVEX_SECTION_MISSING;
     }

@@ -20,6 +20,8 @@ public:
     /// Makes the first line of the section current. The line's length, TABVEX_SECTION_MISSING, or
     /// TABVEX_SECTION_EMPTY with the section's head as the current line.
     int FindSection(std::string_view name);
+    /// The same for a section whose head is known: line `head`, or CTableImage::kNone.
+    int EnterSection(std::string_view name, int head);
     /// Makes the section's next line current. The line's length; TABVEX_LINES_END or TABVEX_SECTION_ENDS with the
     /// current line kept.
     int NextLine();

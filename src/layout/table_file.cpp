@@ -30,14 +30,20 @@ bool IsBlank(const CReaderLine& line) {
     return line.front() == '\0' || std::none_of(line.begin(), line.end() - 1, printable);
 }
 
-void ParseHeader(CTableImage& image) {
+// False without a header. The heads are not indexed yet, as comments have not been cut.
+bool ParseHeader(CTableImage& image) {
     CTableHeader header = image.Header;
     CSectionCursor cursor(image);
-    for (int length = cursor.FindSection("HEADER"); length > 0; length = cursor.NextLine()) {
+    int length = cursor.EnterSection("HEADER", image.ScanForHead("HEADER"));
+    if (length == TABVEX_SECTION_MISSING) {
+        return false;
+    }
+    for (; length > 0; length = cursor.NextLine()) {
         // The header's own newline character already holds for the lines behind it.
         header.ParseLine(cursor.GetText().substr(0, kHeaderLineSize));
         image.Header = header;
     }
+    return true;
 }
 
 int Copy(std::string_view text, char* buffer, int size) {
@@ -67,11 +73,9 @@ int CTableFile::Open(const char* fileName) {
     if (result != TABVEX_OK) {
         return result;
     }
-    image->IndexHeads();
-    if (image->FindHead("HEADER") == CTableImage::kNone) {
+    if (!ParseHeader(*image)) {
         return TABVEX_TABLE_NO_HEADER;
     }
-    ParseHeader(*image);
     image->CutComments(image->Header.Comment);
     image->IndexHeads();
     m_Reader.FileClose();
@@ -93,6 +97,7 @@ int CTableFile::ReadLines(const char* fileName, CTableImage& image) {
     if (m_Reader.GetFirstLine(line.data()) == kReaderNoFirstLine) {
         return TABVEX_TABLE_CANNOT_READ;
     }
+    image.Reserve();
     image.AddLine(TextOf(line)); // kept even when it is blank
     int result = 0;
     do {

@@ -1,7 +1,6 @@
 #include "layout/table_image.h"
 
 #include <algorithm>
-#include <tuple>
 
 #include "layout/ascii.h"
 
@@ -10,24 +9,60 @@ namespace tabvex {
 namespace {
 
 constexpr std::string_view kDataPrefix = "DATA_";
+constexpr std::size_t kUsualText = std::size_t{1} << 16;
+constexpr std::size_t kUsualLines = 1024;
+
+bool SameText(std::string_view a, std::string_view b) {
+    return a.size() == b.size() &&
+           std::equal(a.begin(), a.end(), b.begin(), [](char x, char y) { return UpperCase(x) == UpperCase(y); });
+}
+
+bool HoldsDataPrefix(std::string_view line) {
+    return std::search(line.begin(), line.end(), kDataPrefix.begin(), kDataPrefix.end(),
+                       [](char x, char y) { return UpperCase(x) == y; }) != line.end();
+}
+
+// The name between the brackets, trimmed; false when the line is no head. Any text may stand around the brackets.
+bool FindName(std::string_view line, std::string_view& name) {
+    const std::size_t open = line.find('[');
+    const std::size_t close = open == std::string_view::npos ? open : line.find(']');
+    if (close == std::string_view::npos || open > close) {
+        return false;
+    }
+    name = TrimSpace(line.substr(open + 1, close - open - 1));
+    return true;
+}
+
+// FNV-1a, case ignored; goes on from the hash of what stands before.
+constexpr std::uint32_t Hash(std::string_view text, std::uint32_t hash = 2166136261U) {
+    for (const char character : text) {
+        hash = (hash ^ static_cast<unsigned char>(UpperCase(character))) * 16777619U;
+    }
+    return hash;
+}
 
 } // namespace
 
+void CTableImage::Reserve() {
+    m_Text.reserve(kUsualText);
+    m_Lines.reserve(kUsualLines);
+}
+
 void CTableImage::AddLine(std::string_view line) {
-    m_Lines.push_back({m_strText.size(), static_cast<std::uint32_t>(line.size()), false});
-    m_strText.append(line);
+    m_Lines.push_back({m_Text.size(), static_cast<std::uint32_t>(line.size())});
+    m_Text.insert(m_Text.end(), line.begin(), line.end());
 }
 
 std::string_view CTableImage::GetLine(int index) const {
     const CLine& line = m_Lines[static_cast<std::size_t>(index)];
-    return std::string_view(m_strText).substr(line.Offset, line.Length);
+    return {m_Text.data() + line.Offset, line.Length};
 }
 
 // Searches the whole text at once, as few lines hold the character; `visit` gets each such line and the offset in it at
 // which the character stands first.
 template <typename Visit>
 void CTableImage::VisitLinesWith(char character, Visit visit) {
-    const std::string_view text = m_strText;
+    const std::string_view text = Text();
     std::size_t at = text.find(character);
     for (std::size_t index = 0; index < m_Lines.size() && at != std::string_view::npos; ++index) {
         const std::size_t begin = m_Lines[index].Offset;
@@ -55,49 +90,52 @@ void CTableImage::CutComments(char comment) {
 
 void CTableImage::IndexHeads() {
     m_Heads.clear();
-    m_nFirstDataHead = kNone;
-    VisitLinesWith('[', [this](int index, std::size_t) { AddHead(index); });
-    std::sort(m_Heads.begin(), m_Heads.end(),
-              [](const CHead& a, const CHead& b) { return std::tie(a.Name, a.Line) < std::tie(b.Name, b.Line); });
+    VisitLinesWith('[', [this](int index, std::size_t /*at*/) {
+        std::string_view name;
+        if (FindName(GetLine(index), name)) {
+            m_Heads.push_back({Hash(name), index});
+        }
+    });
 }
 
-// Any text may stand around the brackets; "DATA_" anywhere in the line makes it the start of a data section.
-void CTableImage::AddHead(int index) {
-    const std::string line = UpperCase(GetLine(index));
-    const std::size_t open = line.find('[');
-    const std::size_t close = line.find(']');
-    if (close == std::string::npos || open > close) {
-        return;
+int CTableImage::ScanForHead(std::string_view name) const {
+    for (int index = 0; index < GetLineCount(); ++index) {
+        if (IsHeadOf(name, index)) {
+            return index;
+        }
     }
-    const std::string_view name = TrimSpace(std::string_view(line).substr(open + 1, close - open - 1));
-    m_Heads.push_back({std::string(name), index});
-    if (line.find(kDataPrefix) == std::string::npos) {
-        return;
-    }
-    m_Lines[static_cast<std::size_t>(index)].IsDataHead = true;
-    if (m_nFirstDataHead == kNone) {
-        m_nFirstDataHead = index;
-    }
-}
-
-int CTableImage::FirstHeadNamed(std::string_view name) const {
-    const auto head = std::lower_bound(m_Heads.begin(), m_Heads.end(), name,
-                                       [](const CHead& h, std::string_view wanted) { return h.Name < wanted; });
-    return head != m_Heads.end() && head->Name == name ? head->Line : kNone;
+    return kNone;
 }
 
 int CTableImage::FindHead(std::string_view name) const {
-    const std::string wanted = UpperCase(name);
-    if (wanted == kDataPrefix) {
-        return m_nFirstDataHead;
+    const bool anyData = SameText(name, kDataPrefix);
+    const std::uint32_t plainHash = Hash(name);
+    const std::uint32_t dataHash = Hash(name, Hash(kDataPrefix));
+    for (const CHead& head : m_Heads) {
+        const bool candidate = anyData || head.NameHash == plainHash || head.NameHash == dataHash;
+        if (candidate && IsHeadOf(name, head.Line)) {
+            return head.Line;
+        }
     }
-    const int plain = FirstHeadNamed(wanted);
-    const int data = FirstHeadNamed(std::string(kDataPrefix) + wanted);
-    return plain == kNone || (data != kNone && data < plain) ? data : plain;
+    return kNone;
 }
 
+bool CTableImage::IsHeadOf(std::string_view name, int index) const {
+    std::string_view found;
+    if (!FindName(GetLine(index), found)) {
+        return false;
+    }
+    if (SameText(name, kDataPrefix)) {
+        return HoldsDataPrefix(GetLine(index));
+    }
+    const std::size_t prefix = kDataPrefix.size();
+    const bool data = found.size() >= prefix && SameText(found.substr(0, prefix), kDataPrefix);
+    return SameText(found, name) || (data && SameText(found.substr(prefix), name));
+}
+
+// "DATA_" anywhere in the line makes a head the start of a data section.
 bool CTableImage::IsDataHead(int index) const {
-    return m_Lines[static_cast<std::size_t>(index)].IsDataHead;
+    return IsHeadOf(kDataPrefix, index);
 }
 
 } // namespace tabvex

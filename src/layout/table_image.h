@@ -3,7 +3,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <string>
 #include <string_view>
 #include <vector>
 
@@ -16,6 +15,8 @@ class CTableImage {
 public:
     static constexpr int kNone = -1;
 
+    /// Makes room for a table of the usual size.
+    void Reserve();
     void AddLine(std::string_view line);
     /// Cuts every line at the comment character; a line that is then empty goes. Does nothing when `comment` is 0.
     void CutComments(char comment);
@@ -25,6 +26,8 @@ public:
     int GetLineCount() const { return static_cast<int>(m_Lines.size()); }
     /// Line `index`, which must exist.
     std::string_view GetLine(int index) const;
+    /// The same as FindHead without an index: looks at line after line.
+    int ScanForHead(std::string_view name) const;
     /// First line that is the head of section `name` or of "DATA_" + `name`, case ignored; kNone when there is none.
     int FindHead(std::string_view name) const;
     /// True when the line begins a "DATA_" section.
@@ -36,22 +39,21 @@ private:
     struct CLine {
         std::size_t Offset;
         std::uint32_t Length;
-        bool IsDataHead;
     };
     struct CHead {
-        std::string Name; // upper case
+        std::uint32_t NameHash; // case ignored
         int Line;
     };
 
+    bool IsHeadOf(std::string_view name, int index) const;
     template <typename Visit>
     void VisitLinesWith(char character, Visit visit);
-    void AddHead(int index);
-    int FirstHeadNamed(std::string_view name) const;
 
-    std::string m_strText; // all lines, one behind the other
+    std::string_view Text() const { return {m_Text.data(), m_Text.size()}; }
+
+    std::vector<char> m_Text; // all lines, one behind the other
     std::vector<CLine> m_Lines;
-    std::vector<CHead> m_Heads; // by name, then line
-    int m_nFirstDataHead = kNone;
+    std::vector<CHead> m_Heads; // in the order of the lines
 };
 
 } // namespace tabvex

@@ -11,7 +11,19 @@ namespace {
 
 const CCodePagePair& kDefaultPair = kCodePagePairs[0];
 
+// Most texts hold nothing above 127, which every page has in common; telling that is much quicker than converting.
+bool IsAscii(const char* text, std::size_t size) {
+    unsigned char all = 0;
+    for (std::size_t i = 0; i < size; ++i) {
+        all |= static_cast<unsigned char>(text[i]);
+    }
+    return all < 128;
+}
+
 void Convert(const unsigned char* table, char* text, std::size_t size) {
+    if (IsAscii(text, size)) {
+        return;
+    }
     for (std::size_t i = 0; i < size; ++i) {
         text[i] = static_cast<char>(table[static_cast<unsigned char>(text[i])]);
     }

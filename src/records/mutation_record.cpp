@@ -73,7 +73,7 @@ int CMutationRecord::Parse() {
     m_Skipped.clear();
     if (!LinesAreComplete()) {
         m_State = EState::Failed;
-        return TABVEX_BAD_ARGUMENT;
+        return TABVEX_MUTATION_BAD_LINES;
     }
     const CCodeTable repairMethods(m_Context.Lists.*m_Items.RepairMethods);
     const CCodeTable mutations(m_Context.Lists.*m_Items.Mutations);
@@ -213,6 +213,10 @@ int CMutationRecord::WriteEntry(int item, const CItemDef& /*definition*/, std::s
     m_bChanged = true;
     m_nEntry = m_nWriteEntry++;
     return result;
+}
+
+int CMutationRecord::HardWrite(const CItemDef& definition, std::string_view text) {
+    return m_Lines.empty() || IsParsed() ? CRecord::HardWrite(definition, text) : TABVEX_MUTATION_NOT_PARSED;
 }
 
 int CMutationRecord::FindFirst(int item, std::string_view text) {

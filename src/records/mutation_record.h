@@ -20,6 +20,7 @@ public:
     int NextEntry(int item) override;
     int ReadEntryItem(int item, const CItemDef& definition, std::string_view& text) override;
     int WriteEntry(int item, const CItemDef& definition, std::string_view value) override;
+    int HardWrite(const CItemDef& definition, std::string_view text) override;
     int FindFirst(int item, std::string_view text) override;
     int FindNext(int item, std::string_view text) override;
     int ReadMutation(int index, bool newForm, CMutation& mutation) override;

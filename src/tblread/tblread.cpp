@@ -39,7 +39,7 @@ public:
             std::fclose(m_pFile);
             m_pFile = nullptr;
         }
-        m_nNext = m_nEnd = 0;
+        m_nNext = m_nEnd = m_nNextCr = 0;
         m_bSkipLf = false;
     }
 
@@ -63,6 +63,7 @@ private:
         }
         m_nNext = 0;
         m_nEnd = std::fread(m_Block, 1, sizeof m_Block, m_pFile);
+        m_nNextCr = Find('\r', m_nEnd);
         return m_nEnd > 0;
     }
 
@@ -80,35 +81,37 @@ private:
 
     // Appends what the block still has of the line; true when the line ends in this block.
     bool TakePiece(char* line, std::size_t& length) {
-        const char* begin = m_Block + m_nNext;
-        const std::size_t available = m_nEnd - m_nNext;
-        const std::size_t size = LineEnd(begin, available);
+        const std::size_t end = LineEnd();
         const std::size_t room = kLineSize - 1 - length;
-        const std::size_t taken = size < room ? size : room;
-        std::memcpy(line + length, begin, taken);
-        length += taken;
-        if (size == available) {
-            m_nNext = m_nEnd;
+        const std::size_t size = end - m_nNext < room ? end - m_nNext : room;
+        std::memcpy(line + length, m_Block + m_nNext, size);
+        length += size;
+        m_nNext = end;
+        if (end == m_nEnd) {
             return false;
         }
-        m_bSkipLf = begin[size] == '\r';
-        m_nNext += size + 1;
+        m_bSkipLf = m_Block[end] == '\r';
+        ++m_nNext;
         return true;
     }
 
-    // Most lines end in LF; only what lies before it is searched for a CR.
-    static std::size_t LineEnd(const char* text, std::size_t size) {
-        const void* lf = std::memchr(text, '\n', size);
-        if (lf != nullptr) {
-            size = static_cast<std::size_t>(static_cast<const char*>(lf) - text);
+    // Where the line ends in the block, m_nEnd when it does not. The next CR is searched once, as most files have none.
+    std::size_t LineEnd() {
+        if (m_nNextCr < m_nNext) {
+            m_nNextCr = Find('\r', m_nEnd);
         }
-        const void* cr = std::memchr(text, '\r', size);
-        return cr == nullptr ? size : static_cast<std::size_t>(static_cast<const char*>(cr) - text);
+        return Find('\n', m_nNextCr);
+    }
+
+    std::size_t Find(char character, std::size_t end) const {
+        const void* found = std::memchr(m_Block + m_nNext, character, end - m_nNext);
+        return found == nullptr ? end : static_cast<std::size_t>(static_cast<const char*>(found) - m_Block);
     }
 
     std::FILE* m_pFile = nullptr;
     std::size_t m_nNext = 0;
     std::size_t m_nEnd = 0;
+    std::size_t m_nNextCr = 0; // the first CR at or behind m_nNext, m_nEnd without one
     bool m_bSkipLf = false;
     char m_Block[1 << 14] = {};
 };
