@@ -36,6 +36,8 @@ public:
     /// TABVEX_OK; TABVEX_TABLE_WRONG_VERSION: the table is in memory, but items stay refused if no earlier load
     /// succeeded; TABVEX_TABLE_CANNOT_OPEN, _NO_READER, _CANNOT_READ, _NO_HEADER: nothing changed.
     int LoadTable(const char* fileName, int versionMajor, int versionMinor);
+    /// True once a table of the version asked for has been loaded: item operations are refused until then.
+    bool IsTableLoaded() const;
     /// Sum of the lengths of the type's items numbered `lowest` to `highest` (inclusive); 0 without such a type.
     int SumItemLengths(const char* type, int lowest, int highest);
 

@@ -42,7 +42,7 @@ int CAllRecords::GetNextCompleteRecord(const char* type, char* buffer, int buffe
         record->PrepareWrite();
         const std::string_view line = record->CutText(lineNumber - 1, 0, record->GetLineLength());
         const std::size_t count = std::min(line.size(), static_cast<std::size_t>(bufferSize));
-        std::memcpy(buffer, line.data(), count);
+        line.copy(buffer, count);
         if (count < static_cast<std::size_t>(bufferSize)) {
             buffer[count] = '\0';
         }

@@ -58,7 +58,7 @@ bool CLineFile::DetectCrLf() {
 int CLineFile::ReadRecord(char* buffer) {
     std::string_view record;
     const int length = ReadRecord(record);
-    std::memcpy(buffer, record.data(), record.size());
+    record.copy(buffer, record.size());
     buffer[record.size()] = '\0';
     return length;
 }

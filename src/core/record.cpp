@@ -161,7 +161,7 @@ void CRecord::AppendLine(std::string_view text) {
     const std::size_t size = static_cast<std::size_t>(m_nLineLength + kLineRoom);
     char* line = NewLine();
     const std::string_view kept = text.substr(0, std::min(text.find('\0'), size - 1));
-    std::memcpy(line, kept.data(), kept.size());
+    kept.copy(line, kept.size());
     std::memset(line + kept.size(), 0, size - kept.size());
 }
 
@@ -256,8 +256,7 @@ std::string_view CRecord::CutText(int line, int offset, int length) const {
 
 void CRecord::PutIntoLine(int line, int offset, std::string_view text) {
     if (line >= 0 && line < GetLineCount() && offset >= 0 && offset < m_nLineLength) {
-        std::memcpy(LineAt(line) + offset, text.data(),
-                    std::min(text.size(), static_cast<std::size_t>(m_nLineLength - offset)));
+        text.copy(LineAt(line) + offset, static_cast<std::size_t>(m_nLineLength - offset));
     }
 }
 

@@ -11,7 +11,7 @@ int DeliverText(std::string_view text, char* buffer, int size, const CCodePages*
         return TABVEX_TEXT_CUT;
     }
     const std::size_t count = std::min(text.size(), static_cast<std::size_t>(size) - 1);
-    std::memcpy(buffer, text.data(), count);
+    text.copy(buffer, count);
     buffer[count] = '\0';
     if (codePages != nullptr) {
         codePages->OemToAnsi(buffer, count);

@@ -95,7 +95,7 @@ std::string_view DefaultOf(std::string_view descriptor) {
 
 void Put(char* line, int lineLength, int offset, std::string_view text) {
     if (offset >= 0 && offset < lineLength) {
-        std::memcpy(line + offset, text.data(), std::min(text.size(), static_cast<std::size_t>(lineLength - offset)));
+        text.copy(line + offset, static_cast<std::size_t>(lineLength - offset));
     }
 }
 

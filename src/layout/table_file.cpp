@@ -48,7 +48,7 @@ bool ParseHeader(CTableImage& image) {
 
 int Copy(std::string_view text, char* buffer, int size) {
     const std::size_t count = std::min(text.size(), static_cast<std::size_t>(size));
-    std::memcpy(buffer, text.data(), count);
+    text.copy(buffer, count);
     buffer[count] = '\0';
     return static_cast<int>(text.size());
 }

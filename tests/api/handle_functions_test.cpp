@@ -1,0 +1,128 @@
+#include "tabvex/mif.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <string>
+#include <vector>
+
+#include "tabvex/flat.h"
+
+namespace {
+
+const char* const kTable = TABVEX_SAMPLES_DIR "/calculation.table";
+
+void AddLine(int handle, char mark) {
+    char line[129];
+    std::snprintf(line, sizeof line, "%-127s%c", "X1", mark);
+    ASSERT_EQ(MifSetCompleteRecord(handle, "X1", line, 129), 0);
+}
+
+class HandleFunctions : public testing::Test {
+protected:
+    int Create() {
+        m_Handles.push_back(MifCreateInstance());
+        return m_Handles.back();
+    }
+    void Destroy(int handle) {
+        MifDestroyInstance(handle);
+        m_Handles.erase(std::find(m_Handles.begin(), m_Handles.end(), handle));
+    }
+    void TearDown() override {
+        for (const int handle : m_Handles) {
+            MifDestroyInstance(handle);
+        }
+    }
+
+    std::vector<int> m_Handles;
+};
+
+TEST_F(HandleFunctions, HandlesGrowByFourAndAreNeverUsedAgain) {
+    const int first = Create();
+    EXPECT_EQ(first % 4, 0);
+    const int second = Create();
+    EXPECT_EQ(second, first + 4);
+    EXPECT_EQ(Create(), first + 8);
+    Destroy(second);
+    EXPECT_EQ(Create(), first + 12);
+}
+
+TEST_F(HandleFunctions, InstancesDoNotShareRecords) {
+    const int a = Create();
+    const int b = Create();
+    AddLine(a, 'a');
+    char line[129];
+    EXPECT_EQ(MifGetFirstCompleteRecord(a, "X1", line, sizeof line), 0);
+    EXPECT_EQ(MifGetFirstCompleteRecord(b, "X1", line, sizeof line), -1);
+}
+
+TEST_F(HandleFunctions, AnUnknownHandleStandsForTheInstanceCreatedLast) {
+    Create();
+    const int middle = Create();
+    const int last = Create();
+    AddLine(middle, 'm');
+    EXPECT_EQ(MifReadFirst(999999, 1005), -40);
+    ASSERT_EQ(MifLoadTable(last, kTable, 3, 2), 0);
+    EXPECT_EQ(MifReadFirst(999999, 1005), -1) << "no record in the last instance";
+    AddLine(999999, 'l');
+    EXPECT_EQ(MifReadFirst(last, 1005), 0);
+    Destroy(last);
+    char line[129];
+    ASSERT_EQ(MifGetFirstCompleteRecord(last, "X1", line, sizeof line), 0);
+    EXPECT_EQ(line[127], 'm') << "now the middle one is the last";
+}
+
+TEST_F(HandleFunctions, DestroyingAnUnknownHandleDestroysTheLastInstance) {
+    const int first = Create();
+    const int last = Create();
+    AddLine(first, 'f');
+    AddLine(last, 'l');
+    MifDestroyInstance(999999);
+    m_Handles.pop_back();
+    char line[129];
+    ASSERT_EQ(MifGetFirstCompleteRecord(first, "X1", line, sizeof line), 0);
+    EXPECT_EQ(line[127], 'f');
+}
+
+TEST_F(HandleFunctions, WithoutAnInstanceEveryFunctionFails) {
+    EXPECT_EQ(MifReadFirst(4, 1005), -1);
+    EXPECT_EQ(MifLoadTable(4, kTable, 3, 2), -1);
+    EXPECT_EQ(MifSetDelimiter(4, '|'), '\0');
+    MifDestroyAllRecords(4);
+    MifDestroyInstance(4);
+}
+
+TEST_F(HandleFunctions, TheCounterOfTheFlatFunctionsTellsTheNextCompleteRecord) {
+    const int handle = Create();
+    for (const char mark : {'1', '2', '3'}) {
+        AddLine(handle, mark);
+    }
+    char line[129];
+    EXPECT_EQ(GetFirstCompleteRecord("none", line, sizeof line), -1); // the flat counter is 1 now
+    EXPECT_EQ(GetNextCompleteRecord("none", line, sizeof line), -1);  // and 2
+    ASSERT_EQ(MifGetFirstCompleteRecord(handle, "X1", line, sizeof line), 0);
+    EXPECT_EQ(line[127], '1');
+    for (int i = 0; i < 2; ++i) {
+        ASSERT_EQ(MifGetNextCompleteRecord(handle, "X1", line, sizeof line), 0);
+        EXPECT_EQ(line[127], '2');
+    }
+}
+
+TEST_F(HandleFunctions, ManyInstancesAreCreatedUsedAndDestroyedInAnyOrder) {
+    std::vector<int> handles;
+    for (int i = 0; i < 2000; ++i) {
+        handles.push_back(MifCreateInstance());
+        AddLine(handles.back(), static_cast<char>('A' + i % 26));
+    }
+    for (std::size_t i = 0; i < handles.size(); ++i) {
+        const std::size_t chosen = i * 7 % handles.size(); // 7 and 2000 have no common divisor
+        char line[129];
+        ASSERT_EQ(MifGetFirstCompleteRecord(handles[chosen], "X1", line, sizeof line), 0);
+        EXPECT_EQ(line[127], static_cast<char>('A' + chosen % 26));
+        MifDestroyInstance(handles[chosen]);
+    }
+    EXPECT_EQ(MifReadFirst(handles.front(), 1005), -1);
+}
+
+} // namespace
