@@ -121,7 +121,7 @@ enum {
 
     /* --- Mutations --- */
 
-    TABVEX_MUTATION_BAD_LINES = -1,   /* fix-up after reading: a line is not 128 characters long, or there is none */
+    TABVEX_MUTATION_BAD_LINES = -1,    /* fix-up after reading: a line is not 128 characters long, or there is none */
     TABVEX_MUTATION_BAD_CODE = -1,     /* a code to delete that is not 2 or 3 characters long */
     TABVEX_MUTATION_NO_RECORD = -2,    /* adding or deleting one: no record of the type */
     TABVEX_MUTATION_NO_ENTRY = -5,     /* there is no current entry */

@@ -71,6 +71,9 @@ int CAllRecords::SaveAllRecords(const char* fileName, int crlf) {
         if (fileName == nullptr) {
             return TABVEX_BAD_ARGUMENT;
         }
+        const auto& records = m_pState->Store.All();
+        m_pState->SaveErrors = static_cast<int>(
+            std::count_if(records.begin(), records.end(), [](const auto& record) { return IsWritten(*record); }));
         CLineFile file;
         const int opened = file.Open(fileName, false, kRecordLengthCrLf);
         if (opened != TABVEX_OK) {
@@ -79,9 +82,9 @@ int CAllRecords::SaveAllRecords(const char* fileName, int crlf) {
         PrepareSave();
         std::vector<int> results;
         std::vector<std::uint64_t> ends;
-        results.reserve(m_pState->Store.All().size());
-        ends.reserve(m_pState->Store.All().size());
-        for (const auto& record : m_pState->Store.All()) {
+        results.reserve(records.size());
+        ends.reserve(records.size());
+        for (const auto& record : records) {
             if (IsWritten(*record)) {
                 results.push_back(record->WriteLines(file, crlf != 0));
                 ends.push_back(file.GetBytesAccepted());

@@ -137,7 +137,7 @@ int CLayout::FillDefaults(char* line, int lineLength) const {
             std::memset(line + item.Offset + filled, 0, static_cast<std::size_t>(room - filled));
         }
     }
-    if (m_nDefaultsResult >= 0 &&
+    if (m_bDefaultsComplete &&
         std::find(kCounterTypes.begin(), kCounterTypes.end(), m_strType) != kCounterTypes.end()) {
         for (int i = 0; i < kCounters; ++i) {
             Put(line, lineLength, kCountersOffset + i * static_cast<int>(kEmptyCounter.size()), kEmptyCounter);
@@ -247,6 +247,7 @@ int CLayout::CollectDefaults(CSectionCursor& cursor) {
             m_Defaults.push_back(std::move(item));
         }
     }
+    m_bDefaultsComplete = true;
     return static_cast<int>(m_Defaults.size());
 }
 

@@ -75,6 +75,7 @@ private:
     std::vector<std::pair<int, int>> m_Lengths; // item number, length; of every line of the section
     std::vector<CDefault> m_Defaults;
     int m_nDefaultsResult = 0;
+    bool m_bDefaultsComplete = false; // the section was read to its end
 };
 
 } // namespace tabvex

@@ -17,7 +17,9 @@ int CAllRecords::LoadTable(const char* fileName, int versionMajor, int versionMi
     });
 }
 
-bool CAllRecords::IsTableLoaded() const { return m_pState->TableLoaded; }
+bool CAllRecords::IsTableLoaded() const {
+    return m_pState->TableLoaded;
+}
 
 int CAllRecords::SumItemLengths(const char* type, int lowest, int highest) {
     return tabvex::Guarded([&]() -> int {

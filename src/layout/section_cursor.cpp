@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "layout/ascii.h"
 #include "tabvex/result_codes.h"
 
 namespace tabvex {
@@ -24,22 +23,19 @@ constexpr std::string_view LineBreak(ENewlineMode mode) {
 } // namespace
 
 int CSectionCursor::FindSection(std::string_view name) {
-    return EnterSection(name, m_pImage->FindHead(name));
+    return EnterSection(m_pImage->FindHead(name));
 }
 
-int CSectionCursor::EnterSection(std::string_view name, int head) {
-    m_bHeader = false;
+int CSectionCursor::EnterSection(int head) {
     m_nLine = head;
     if (m_nLine == CTableImage::kNone) {
         return TABVEX_SECTION_MISSING;
     }
-    const int first = m_nLine + 1;
-    if (first == m_pImage->GetLineCount() || m_pImage->IsDataHead(first)) {
+    if (m_nLine + 1 == m_pImage->GetLineCount()) {
         return TABVEX_SECTION_EMPTY;
     }
-    m_nLine = first;
-    m_bHeader = UpperCase(name) == "HEADER";
-    return TextLength();
+    ++m_nLine;
+    return m_pImage->IsDataHead(m_nLine) ? TABVEX_SECTION_EMPTY : TextLength();
 }
 
 int CSectionCursor::NextLine() {
@@ -103,11 +99,7 @@ void CSectionCursor::SetCurrentLine(int index) {
 }
 
 std::string_view CSectionCursor::RawText() const {
-    if (m_nLine == CTableImage::kNone) {
-        return {};
-    }
-    const std::string_view line = m_pImage->GetLine(m_nLine);
-    return m_bHeader ? TrimSpaceLeft(line) : line;
+    return m_nLine == CTableImage::kNone ? std::string_view() : m_pImage->GetLine(m_nLine);
 }
 
 std::string_view CSectionCursor::WithLineBreaks(std::string_view text) {

@@ -18,10 +18,11 @@ public:
         : m_pImage(&image), m_Mode(mode) {}
 
     /// Makes the first line of the section current. The line's length, TABVEX_SECTION_MISSING, or
-    /// TABVEX_SECTION_EMPTY with the section's head as the current line.
+    /// TABVEX_SECTION_EMPTY with the head that ends the file,
+    /// or the next section's head, as the current line.
     int FindSection(std::string_view name);
     /// The same for a section whose head is known: line `head`, or CTableImage::kNone.
-    int EnterSection(std::string_view name, int head);
+    int EnterSection(int head);
     /// Makes the section's next line current. The line's length; TABVEX_LINES_END or TABVEX_SECTION_ENDS with the
     /// current line kept.
     int NextLine();
@@ -48,7 +49,6 @@ private:
     const CTableImage* m_pImage;
     ENewlineMode m_Mode;
     int m_nLine = CTableImage::kNone;
-    bool m_bHeader = false;
     std::string m_strText; // of a line or column with line breaks in it
 };
 

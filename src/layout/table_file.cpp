@@ -30,19 +30,23 @@ bool IsBlank(const CReaderLine& line) {
     return line.front() == '\0' || std::none_of(line.begin(), line.end() - 1, printable);
 }
 
-// False without a header. The heads are not indexed yet, as comments have not been cut.
-bool ParseHeader(CTableImage& image) {
+// False without a header. The heads are not indexed yet, as comments have not been cut. `last` is the last line read.
+bool ParseHeader(CTableImage& image, int& last) {
     CTableHeader header = image.Header;
     CSectionCursor cursor(image);
-    int length = cursor.EnterSection("HEADER", image.ScanForHead("HEADER"));
-    if (length == TABVEX_SECTION_MISSING) {
+    int result = cursor.EnterSection(image.ScanForHead("HEADER"));
+    if (result == TABVEX_SECTION_MISSING) {
         return false;
     }
-    for (; length > 0; length = cursor.NextLine()) {
+    while (result > 0) {
+        image.TrimLineLeft(cursor.GetCurrentLine());
         // The header's own newline character already holds for the lines behind it.
-        header.ParseLine(cursor.GetText().substr(0, kHeaderLineSize));
+        const std::string_view line = cursor.GetText();
+        header.ParseLine(line.substr(0, kHeaderLineSize));
         image.Header = header;
+        result = line.empty() ? 0 : cursor.NextLine();
     }
+    last = cursor.GetCurrentLine();
     return true;
 }
 
@@ -73,7 +77,8 @@ int CTableFile::Open(const char* fileName) {
     if (result != TABVEX_OK) {
         return result;
     }
-    if (!ParseHeader(*image)) {
+    int lastHeaderLine = CTableImage::kNone;
+    if (!ParseHeader(*image, lastHeaderLine)) {
         return TABVEX_TABLE_NO_HEADER;
     }
     image->CutComments(image->Header.Comment);
@@ -81,6 +86,7 @@ int CTableFile::Open(const char* fileName) {
     m_Reader.FileClose();
     m_Reader.Release();
     m_Cursor = CSectionCursor(*image, m_Cursor.GetMode());
+    m_Cursor.SetCurrentLine(lastHeaderLine);
     m_pImage = std::move(image);
     return TABVEX_OK;
 }

@@ -77,6 +77,13 @@ void CTableImage::VisitLinesWith(char character, Visit visit) {
     }
 }
 
+void CTableImage::TrimLineLeft(int index) {
+    CLine& line = m_Lines[static_cast<std::size_t>(index)];
+    const std::size_t kept = TrimSpaceLeft(GetLine(index)).size();
+    line.Offset += line.Length - kept;
+    line.Length = static_cast<std::uint32_t>(kept);
+}
+
 void CTableImage::CutComments(char comment) {
     if (comment == 0) {
         return;

@@ -18,6 +18,8 @@ public:
     /// Makes room for a table of the usual size.
     void Reserve();
     void AddLine(std::string_view line);
+    /// Removes the blanks that a line begins with.
+    void TrimLineLeft(int index);
     /// Cuts every line at the comment character; a line that is then empty goes. Does nothing when `comment` is 0.
     void CutComments(char comment);
     /// Finds the section heads; to be called again whenever lines have changed.
