@@ -149,6 +149,7 @@ protected:
 
 private:
     char* NewLine();
+    void FetchAhead(int index) const;
 
     friend class CAllRecords;
 };

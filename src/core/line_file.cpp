@@ -12,6 +12,7 @@ using tabvex::kRecordLengthCrLf;
 
 namespace {
 
+constexpr int kCrLfLength = 2;
 constexpr std::size_t kReadBlock = std::size_t{1} << 16;
 constexpr std::size_t kFirstWriteBlock = std::size_t{1} << 15;
 constexpr std::size_t kLargestWriteBlock = std::size_t{1} << 20;
@@ -113,15 +114,19 @@ int CLineFile::ReadLine(std::string& line) {
 }
 
 int CLineFile::WriteRecord(const char* text, int length) {
+    return WriteLine(text, length, false);
+}
+
+int CLineFile::WriteLine(const char* text, int length, bool crlf) {
     if (!m_File.IsOpen()) {
         return TABVEX_FILE_NOT_OPEN;
     }
     if (m_bReadMode) {
         return TABVEX_FILE_IS_FOR_READING;
     }
-    m_nRecordLength = length;
+    m_nRecordLength = crlf ? length + kCrLfLength : length;
     const auto size = static_cast<std::size_t>(length);
-    char* record = Reserve(size);
+    char* record = Reserve(static_cast<std::size_t>(m_nRecordLength));
     if (record == nullptr) {
         return TABVEX_FILE_WRITE_FAILED;
     }
@@ -129,8 +134,12 @@ int CLineFile::WriteRecord(const char* text, int length) {
     const std::size_t used = end == nullptr ? size : static_cast<std::size_t>(static_cast<const char*>(end) - text);
     std::memcpy(record, text, used);
     std::memset(record + used, ' ', size - used);
-    m_nEnd += size;
-    return length;
+    if (crlf) {
+        record[size] = '\r';
+        record[size + 1] = '\n';
+    }
+    m_nEnd += static_cast<std::size_t>(m_nRecordLength);
+    return m_nRecordLength;
 }
 
 int CLineFile::Close() {

@@ -50,6 +50,9 @@ public:
     /// failed fails.
     int WriteRecord(const char* text, int length);
 
+    /// The same with CR LF behind the record when `crlf`.
+    int WriteLine(const char* text, int length, bool crlf);
+
     /// Writes what is still in memory and closes the file. TABVEX_OK, also when it was not open, or
     /// TABVEX_FILE_WRITE_FAILED.
     int Close();

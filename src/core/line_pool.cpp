@@ -5,6 +5,13 @@
 
 namespace tabvex {
 
+namespace {
+
+constexpr std::size_t kSmallBlocks = 32;
+constexpr std::size_t kLargeSize = std::size_t{1} << 23;
+
+} // namespace
+
 std::uint32_t CLinePool::Take() {
     if (m_nFree != kNoLine) {
         const std::uint32_t line = m_nFree;
@@ -15,9 +22,24 @@ std::uint32_t CLinePool::Take() {
         if (m_nLines == kNoLine >> m_nBlockShift << m_nBlockShift) {
             throw std::bad_alloc();
         }
-        m_Blocks.emplace_back(new char[m_nLineSize << m_nBlockShift]);
+        AddBlock();
     }
     return m_nLines++;
+}
+
+void CLinePool::AddBlock() {
+    const std::size_t blockSize = m_nLineSize << m_nBlockShift;
+    if (m_Blocks.size() < kSmallBlocks) {
+        m_SmallBlocks.emplace_back(new char[blockSize]);
+        m_Blocks.push_back(m_SmallBlocks.back().get());
+        return;
+    }
+    const std::size_t blocks = kLargeSize / blockSize;
+    const std::size_t place = (m_Blocks.size() - kSmallBlocks) % blocks;
+    if (place == 0) {
+        m_LargeMemory.emplace_back(kLargeSize);
+    }
+    m_Blocks.push_back(m_LargeMemory.back().Begin() + place * blockSize);
 }
 
 void CLinePool::Give(std::uint32_t line) {
@@ -27,7 +49,8 @@ void CLinePool::Give(std::uint32_t line) {
 
 void CLinePool::Clear() {
     m_Blocks.clear();
-    m_Blocks.shrink_to_fit();
+    m_SmallBlocks.clear();
+    m_LargeMemory.clear();
     m_nLines = 0;
     m_nFree = kNoLine;
 }

@@ -6,6 +6,8 @@
 #include <memory>
 #include <vector>
 
+#include "platform/platform.h"
+
 namespace tabvex {
 
 /// Hands out line buffers from large blocks, so that reading a line costs no allocation of its own. A buffer is known
@@ -21,7 +23,7 @@ public:
     std::uint32_t Take();
     char* At(std::uint32_t line) const {
         const std::uint32_t inBlock = line & ((std::uint32_t{1} << m_nBlockShift) - 1);
-        return m_Blocks[line >> m_nBlockShift].get() + inBlock * m_nLineSize;
+        return m_Blocks[line >> m_nBlockShift] + inBlock * m_nLineSize;
     }
     /// Takes a buffer back for a later Take.
     void Give(std::uint32_t line);
@@ -33,8 +35,12 @@ private:
 
     std::size_t m_nLineSize;
     unsigned m_nBlockShift;
-    std::vector<std::unique_ptr<char[]>> m_Blocks;
-    std::uint32_t m_nLines = 0;      // handed out for the first time
+    void AddBlock();
+
+    std::vector<char*> m_Blocks;
+    std::vector<std::unique_ptr<char[]>> m_SmallBlocks; // the first blocks, of which a small file needs one
+    std::vector<CLargeMemory> m_LargeMemory;            // the others, many in each
+    std::uint32_t m_nLines = 0;                         // handed out for the first time
     std::uint32_t m_nFree = kNoLine; // last line given back; each begins with the number of the one before
 };
 

@@ -51,7 +51,10 @@ int CAllRecords::ReadFixedRecords(const char* fileName) {
             return length < 0 ? TABVEX_FILE_READ_FAILED : TABVEX_READ_SHORT_RECORD;
         }
         const int type = tabvex::WidenRecordType(tabvex::RecordTypeOfLine(line.data()), line.data());
-        GetOrCreateRecord(type, false)->AddLine(line.substr(0, kRecordLength));
+        // Numbering is on for every type already.
+        CRecord* record = m_pState->Store.Find(type);
+        record = record == nullptr ? CreateRecord(type, false) : record;
+        record->AddLine(line.substr(0, kRecordLength));
     }
     return TABVEX_OK;
 }

@@ -203,20 +203,9 @@ int CRecord::FillDefaults() {
 }
 
 int CRecord::WriteLines(CLineFile& file, bool crlf) {
-    const auto length = static_cast<std::size_t>(m_nLineLength);
     for (int index = 0; index < GetLineCount(); ++index) {
-        char* line = LineAt(index);
-        std::memcpy(line + length, crlf ? "\r\n" : "\0\0", kLineRoom);
-        const char* text = line;
-        std::array<char, tabvex::kLongLineLength + kLineRoom> padded;
-        const std::size_t used = strnlen(line, length);
-        if (crlf && used < length) { // CR LF follows the padding, so that every record of the file has it
-            std::memset(padded.data(), ' ', length);
-            std::memcpy(padded.data(), line, used);
-            std::memcpy(padded.data() + length, line + length, kLineRoom);
-            text = padded.data();
-        }
-        const int result = file.WriteRecord(text, crlf ? m_nLineLength + 2 : m_nLineLength);
+        FetchAhead(index);
+        const int result = file.WriteLine(LineAt(index), m_nLineLength, crlf);
         if (result < 0) {
             return result;
         }
@@ -262,6 +251,14 @@ void CRecord::PutIntoLine(int line, int offset, std::string_view text) {
 
 void CRecord::PutField(int line, int offset, int length, std::string_view field) {
     PutIntoLine(line, offset, field.substr(0, static_cast<std::size_t>(std::max(length, 0))));
+}
+
+// Lines of one type lie far apart in memory.
+void CRecord::FetchAhead(int index) const {
+    constexpr int kLinesAhead = 8;
+    if (index + kLinesAhead < GetLineCount()) {
+        tabvex::FetchIntoCache(LineAt(index + kLinesAhead), static_cast<std::size_t>(m_nLineLength));
+    }
 }
 
 char* CRecord::NewLine() {

@@ -21,10 +21,6 @@ CRecord* CRecordStore::Find(std::string_view key) const {
     return key == kUnknownType ? m_pFirstGeneric : Find(RecordTypeOf(key));
 }
 
-CRecord* CRecordStore::Find(int type) const {
-    return type == kNoRecordType ? nullptr : m_ByType[static_cast<std::size_t>(type)];
-}
-
 void CRecordStore::Clear() {
     m_Records.clear();
     IndexAll();

@@ -23,7 +23,7 @@ public:
     /// The first record object whose type key equals `key`; null without one and for keys that begin with "K".
     CRecord* Find(std::string_view key) const;
     /// The same for a type of kRecordTypes.
-    CRecord* Find(int type) const;
+    CRecord* Find(int type) const { return type == kNoRecordType ? nullptr : m_ByType[static_cast<std::size_t>(type)]; }
 
     const std::vector<std::unique_ptr<CRecord>>& All() const { return m_Records; }
     /// Destroys every record object.

@@ -61,15 +61,40 @@ private:
 
 constexpr CPlainTypes kPlainTypes;
 
-int FindFamilyType(const char* key) {
-    for (int type = 0; type < kRecordTypeCount; ++type) {
-        const CRecordTypeRow& row = RecordTypeRow(type);
-        if (row.Form == EKeyForm::Family && std::memcmp(row.Key.data(), key, row.Key.size()) == 0) {
-            return type;
+// Types of the two families by their first character and the number in their last two.
+class CFamilyTypes {
+public:
+    constexpr CFamilyTypes() {
+        for (auto& row : m_Types) {
+            for (std::int8_t& type : row) {
+                type = kNone;
+            }
+        }
+        for (int type = 0; type < kRecordTypeCount; ++type) {
+            const std::string_view key = RecordTypeRow(type).Key;
+            if (RecordTypeRow(type).Form == EKeyForm::Family) {
+                m_Types[RowOf(key[0])][NumberOf(key[2], key[3])] = static_cast<std::int8_t>(type);
+            }
         }
     }
-    return kNoRecordType;
-}
+
+    constexpr int Find(const char* key) const {
+        const bool family = (key[0] == 'W' || key[0] == 'X') && key[1] == 'T';
+        return family && IsDigit(key[2]) && IsDigit(key[3]) ? m_Types[RowOf(key[0])][NumberOf(key[2], key[3])]
+                                                            : kNoRecordType;
+    }
+
+private:
+    static constexpr bool IsDigit(char character) { return character >= '0' && character <= '9'; }
+    static constexpr std::size_t RowOf(char first) { return first == 'W' ? 0 : 1; }
+    static constexpr std::size_t NumberOf(char tens, char ones) {
+        return static_cast<std::size_t>((tens - '0') * 10 + (ones - '0'));
+    }
+
+    std::array<std::array<std::int8_t, 100>, 2> m_Types = {};
+};
+
+constexpr CFamilyTypes kFamilyTypes;
 
 constexpr std::array<std::int8_t, kItemNumberRanges.size()> TypesOfRanges() {
     std::array<std::int8_t, kItemNumberRanges.size()> types = {};
@@ -112,7 +137,7 @@ int GetRecordTypeKey(const char* line, char (&key)[kKeySize]) {
         return TABVEX_OK;
     }
     std::memcpy(key, family, sizeof family);
-    return FindFamilyType(family) == kNoRecordType ? TABVEX_KEY_UNKNOWN : TABVEX_OK;
+    return kFamilyTypes.Find(family) == kNoRecordType ? TABVEX_KEY_UNKNOWN : TABVEX_OK;
 }
 
 int RecordTypeOfLine(const char* line) {
@@ -121,7 +146,7 @@ int RecordTypeOfLine(const char* line) {
         return type;
     }
     const char family[] = {line[0], line[1], line[7], line[8]};
-    return FindFamilyType(family);
+    return kFamilyTypes.Find(family);
 }
 
 int WidenRecordType(int type, const char* line) {

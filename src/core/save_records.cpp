@@ -50,6 +50,7 @@ void CAllRecords::PrepareSave() {
     for (const auto& record : m_pState->Store.All()) {
         const bool keeps = KeepsMarker(record->GetType());
         for (int index = 0; index < record->GetLineCount(); ++index) {
+            record->FetchAhead(index);
             char* line = record->LineAt(index);
             char& marker = line[tabvex::kNumberingOffset];
             if (!m_pState->NumberedLetters.IsOn(line[0])) {

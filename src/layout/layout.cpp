@@ -14,6 +14,7 @@ namespace tabvex {
 
 namespace {
 
+constexpr std::size_t kUsualItems = 16;
 constexpr std::size_t kColumnSize = 500; // longer columns are cut
 
 enum EColumn { kNumberColumn, kLengthColumn, kPositionColumn, kDescriptorColumn };
@@ -118,8 +119,11 @@ const CItemDef* CLayout::Find(int number) const {
 }
 
 int CLayout::SumLengths(int lowest, int highest) const {
+    if (!m_bLengthsCollected) {
+        Mutable().CollectLengths();
+    }
     std::int64_t sum = 0;
-    for (const auto& [number, length] : Parsed().m_Lengths) {
+    for (const auto& [number, length] : m_Lengths) {
         if (number >= lowest && number <= highest) {
             sum += length;
         }
@@ -128,7 +132,12 @@ int CLayout::SumLengths(int lowest, int highest) const {
 }
 
 int CLayout::FillDefaults(char* line, int lineLength) const {
-    for (const CDefault& item : Parsed().m_Defaults) {
+    if (!m_bDefaultsCollected) {
+        CLayout& self = Mutable();
+        self.m_nDefaultsResult = self.CollectDefaults();
+        self.m_bDefaultsCollected = true;
+    }
+    for (const CDefault& item : m_Defaults) {
         // A default shorter than its item leaves NULs, not blanks, in the rest of it: kept on purpose.
         Put(line, lineLength, item.Offset, item.Text);
         if (item.Offset >= 0 && item.Offset < lineLength) {
@@ -146,20 +155,16 @@ int CLayout::FillDefaults(char* line, int lineLength) const {
     return m_nDefaultsResult;
 }
 
-// Parsing on first use is not seen from outside, so that it may happen through a constant layout.
-void CLayout::ParseNow() const {
-    const_cast<CLayout*>(this)->Parse(); // NOLINT(cppcoreguidelines-pro-type-const-cast)
+// What is worked out on first use is not seen from outside, so that it may happen through a constant layout.
+CLayout& CLayout::Mutable() const {
+    return const_cast<CLayout&>(*this); // NOLINT(cppcoreguidelines-pro-type-const-cast)
 }
 
 void CLayout::Parse() {
     m_Items.clear();
-    m_Lengths.clear();
-    m_Defaults.clear();
     CSectionCursor cursor(*m_pImage);
     m_nResult = ParseItems(cursor);
     IndexItems();
-    CollectLengths(cursor);
-    m_nDefaultsResult = CollectDefaults(cursor);
     m_bParsed = true;
 }
 
@@ -167,6 +172,7 @@ int CLayout::ParseItems(CSectionCursor& cursor) {
     if (m_strType.empty() || cursor.FindSection("DATA_" + m_strType) < 1) {
         return TABVEX_LAYOUT_BAD;
     }
+    m_Items.reserve(kUsualItems);
     int result = ParseItem(cursor, true);
     while (result == TABVEX_OK && cursor.NextLine() >= 1) {
         result = ParseItem(cursor, false);
@@ -216,16 +222,21 @@ void CLayout::IndexItems() {
     }
 }
 
-void CLayout::CollectLengths(CSectionCursor& cursor) {
+void CLayout::CollectLengths() {
+    m_Lengths.clear();
+    CSectionCursor cursor(*m_pImage);
     for (int length = cursor.FindSection("DATA_" + m_strType); length > 0; length = cursor.NextLine()) {
         std::pair<int, int> item;
         ReadNumber(cursor, kNumberColumn, item.first);
         ReadNumber(cursor, kLengthColumn, item.second);
         m_Lengths.push_back(item);
     }
+    m_bLengthsCollected = true;
 }
 
-int CLayout::CollectDefaults(CSectionCursor& cursor) {
+int CLayout::CollectDefaults() {
+    m_Defaults.clear();
+    CSectionCursor cursor(*m_pImage);
     if (m_strType.empty()) {
         return 0;
     }

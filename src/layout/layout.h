@@ -51,17 +51,17 @@ private:
 
     const CLayout& Parsed() const {
         if (!m_bParsed) {
-            ParseNow();
+            Mutable().Parse();
         }
         return *this;
     }
-    void ParseNow() const;
+    CLayout& Mutable() const;
     void Parse();
     int ParseItems(CSectionCursor& cursor);
     int ParseItem(CSectionCursor& cursor, bool first);
     void IndexItems();
-    void CollectLengths(CSectionCursor& cursor);
-    int CollectDefaults(CSectionCursor& cursor);
+    void CollectLengths();
+    int CollectDefaults();
     bool GenerateDescriptor(int number, std::string& descriptor) const;
 
     std::shared_ptr<const CTableImage> m_pImage;
@@ -72,7 +72,9 @@ private:
     std::vector<CItemDef> m_Items;
     int m_nLowestNumber = 0;              // of the type's range of item numbers
     std::vector<std::int32_t> m_ByNumber; // from there on: index in m_Items, kNoItem for numbers that are not used
+    bool m_bLengthsCollected = false;
     std::vector<std::pair<int, int>> m_Lengths; // item number, length; of every line of the section
+    bool m_bDefaultsCollected = false;
     std::vector<CDefault> m_Defaults;
     int m_nDefaultsResult = 0;
     bool m_bDefaultsComplete = false; // the section was read to its end

@@ -1,6 +1,8 @@
 #include "layout/table_image.h"
 
 #include <algorithm>
+#include <stdexcept>
+#include <utility>
 
 #include "layout/ascii.h"
 
@@ -9,8 +11,8 @@ namespace tabvex {
 namespace {
 
 constexpr std::string_view kDataPrefix = "DATA_";
-constexpr std::size_t kUsualText = std::size_t{1} << 16;
-constexpr std::size_t kUsualLines = 1024;
+constexpr std::size_t kUsualText = std::size_t{120} << 10;
+constexpr std::size_t kUsualLines = 3000;
 
 bool SameText(std::string_view a, std::string_view b) {
     return a.size() == b.size() &&
@@ -44,43 +46,60 @@ constexpr std::uint32_t Hash(std::string_view text, std::uint32_t hash = 2166136
 } // namespace
 
 void CTableImage::Reserve() {
-    m_Text.reserve(kUsualText);
+    Grow(kUsualText);
     m_Lines.reserve(kUsualLines);
 }
 
 void CTableImage::AddLine(std::string_view line) {
-    m_Lines.push_back({m_Text.size(), static_cast<std::uint32_t>(line.size())});
-    m_Text.insert(m_Text.end(), line.begin(), line.end());
+    if (m_nCapacity - m_nText < line.size()) {
+        Grow(std::max(m_nCapacity * 2, m_nText + line.size()));
+    }
+    line.copy(m_pText.get() + m_nText, line.size());
+    m_Lines.push_back({static_cast<std::uint32_t>(m_nText), static_cast<std::uint32_t>(line.size())});
+    m_nText += line.size();
+}
+
+void CTableImage::Grow(std::size_t capacity) {
+    if (capacity > UINT32_MAX) {
+        throw std::length_error("table file");
+    }
+    std::unique_ptr<char[]> larger(new char[capacity]);
+    GetText().copy(larger.get(), m_nText);
+    m_pText = std::move(larger);
+    m_nCapacity = capacity;
 }
 
 std::string_view CTableImage::GetLine(int index) const {
     const CLine& line = m_Lines[static_cast<std::size_t>(index)];
-    return {m_Text.data() + line.Offset, line.Length};
+    return {m_pText.get() + line.Offset, line.Length};
 }
 
 // Searches the whole text at once, as few lines hold the character; `visit` gets each such line and the offset in it at
 // which the character stands first.
 template <typename Visit>
 void CTableImage::VisitLinesWith(char character, Visit visit) {
-    const std::string_view text = Text();
-    std::size_t at = text.find(character);
-    for (std::size_t index = 0; index < m_Lines.size() && at != std::string_view::npos; ++index) {
-        const std::size_t begin = m_Lines[index].Offset;
-        const std::size_t end = begin + m_Lines[index].Length;
+    const std::string_view text = GetText();
+    auto line = m_Lines.begin();
+    for (std::size_t at = text.find(character); at != std::string_view::npos;) {
+        line = std::partition_point(line, m_Lines.end(), [at](const CLine& l) { return l.Offset + l.Length <= at; });
+        if (line == m_Lines.end()) {
+            return; // what is left was cut off the last line
+        }
+        const std::size_t begin = line->Offset;
+        const std::size_t end = begin + line->Length;
         if (at < begin) {
             at = text.find(character, begin); // it stood in what was cut off a line before
+            continue;
         }
-        if (at < end) {
-            visit(static_cast<int>(index), at - begin);
-            at = text.find(character, end);
-        }
+        visit(static_cast<int>(line - m_Lines.begin()), at - begin);
+        at = text.find(character, end);
     }
 }
 
 void CTableImage::TrimLineLeft(int index) {
     CLine& line = m_Lines[static_cast<std::size_t>(index)];
     const std::size_t kept = TrimSpaceLeft(GetLine(index)).size();
-    line.Offset += line.Length - kept;
+    line.Offset += static_cast<std::uint32_t>(line.Length - kept);
     line.Length = static_cast<std::uint32_t>(kept);
 }
 

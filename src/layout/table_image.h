@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <string_view>
 #include <vector>
 
@@ -39,7 +40,7 @@ public:
 
 private:
     struct CLine {
-        std::size_t Offset;
+        std::uint32_t Offset;
         std::uint32_t Length;
     };
     struct CHead {
@@ -51,9 +52,12 @@ private:
     template <typename Visit>
     void VisitLinesWith(char character, Visit visit);
 
-    std::string_view Text() const { return {m_Text.data(), m_Text.size()}; }
+    std::string_view GetText() const { return {m_pText.get(), m_nText}; }
+    void Grow(std::size_t capacity);
 
-    std::vector<char> m_Text; // all lines, one behind the other
+    std::unique_ptr<char[]> m_pText; // all lines, one behind the other
+    std::size_t m_nText = 0;
+    std::size_t m_nCapacity = 0;
     std::vector<CLine> m_Lines;
     std::vector<CHead> m_Heads; // in the order of the lines
 };

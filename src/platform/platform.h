@@ -50,6 +50,31 @@ private:
     void* m_pHandle = nullptr;
 };
 
+/// Tells the processor that `size` bytes are about to be used; has no other effect.
+inline void FetchIntoCache(const char* data, std::size_t size) {
+    constexpr std::size_t kCacheLine = 64;
+    for (std::size_t offset = 0; offset < size; offset += kCacheLine) {
+        __builtin_prefetch(data + offset, 1);
+    }
+}
+
+/// A large piece of memory, in large pages where the system has them; freed with the object.
+class CLargeMemory {
+public:
+    /// Throws std::bad_alloc when there is not as much.
+    explicit CLargeMemory(std::size_t size);
+    ~CLargeMemory();
+    CLargeMemory(CLargeMemory&& other) noexcept;
+    CLargeMemory& operator=(CLargeMemory&&) = delete;
+    CLargeMemory(const CLargeMemory&) = delete;
+    CLargeMemory& operator=(const CLargeMemory&) = delete;
+
+    char* Begin() const { return m_pBegin; }
+
+private:
+    char* m_pBegin;
+};
+
 /// Folder of the file that holds this code, with the separator behind it; empty when the path has no folder.
 /// False when the system cannot tell.
 bool FindOwnFolder(std::string& folder);

@@ -5,8 +5,11 @@
 #include <cstdlib>
 #include <dlfcn.h>
 #include <fcntl.h>
+#include <new>
+#include <sys/mman.h>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <utility>
 
 namespace tabvex {
 
@@ -89,6 +92,25 @@ void CSharedLibrary::Release() {
         m_pHandle = nullptr;
     }
 }
+
+// Most of the time that reading a large file takes goes into first touches of memory, a page each.
+CLargeMemory::CLargeMemory(std::size_t size) {
+    constexpr std::size_t kLargePage = std::size_t{1} << 21;
+    const std::size_t pages = (size + kLargePage - 1) / kLargePage;
+    m_pBegin = static_cast<char*>(std::aligned_alloc(kLargePage, pages * kLargePage));
+    if (m_pBegin == nullptr) {
+        throw std::bad_alloc();
+    }
+#ifdef MADV_HUGEPAGE
+    ::madvise(m_pBegin, pages * kLargePage, MADV_HUGEPAGE); // where it fails, small pages serve as well
+#endif
+}
+
+CLargeMemory::~CLargeMemory() {
+    std::free(m_pBegin);
+}
+
+CLargeMemory::CLargeMemory(CLargeMemory&& other) noexcept : m_pBegin(std::exchange(other.m_pBegin, nullptr)) {}
 
 namespace {
 

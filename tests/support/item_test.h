@@ -53,6 +53,13 @@ protected:
         ASSERT_EQ(m_Records.ReadAll_V_Records(m_Folder.Write("lines.txt", text).c_str()), TABVEX_READ_SUCCEEDED);
     }
 
+    /// Leaves one blank line of a type and nothing else.
+    void KeepOneBlankLine(const char* type) {
+        std::string line = Padded(type);
+        m_Records.DestroyAllRecords();
+        ASSERT_EQ(m_Records.SetCompleteRecord(type, line.data(), static_cast<int>(line.size()) + 1), TABVEX_OK);
+    }
+
     std::vector<std::string> Types() const {
         std::vector<std::string> types;
         for (int index = 0; index < m_Records.GetRecordCount(); ++index) {
