@@ -109,7 +109,8 @@ public:
     virtual int PostRead();
     /// Fix-up before the lines are looked at or saved.
     virtual int PrepareWrite();
-    /// Writes every line, each padded to its length, with CR LF behind it when `crlf`. 1, or the failed write's code.
+    /// Writes every line, each padded to its length, with CR LF behind it when `crlf`; in memory the line then ends
+    /// there, with CR LF or without. 1, or the failed write's code.
     int WriteLines(CLineFile& file, bool crlf);
     /// Appends every line to a text, cut or padded with blanks to 128 characters, with LF behind it when `lf`.
     void AppendLines(std::string& text, bool lf) const;
@@ -122,6 +123,8 @@ protected:
     /// Called when a caller has created the record, with one line of blanks and defaults.
     virtual void AfterCreation();
 
+    /// Offset of an item's position in a line, 0-based; -1, which lies outside every line, for positions below 1.
+    static int OffsetOf(const CItemDef& definition);
     /// The line at `index`, for reading and writing; its buffer is 3 characters longer than GetLineLength().
     char* LineAt(int index) const;
     /// The text of an item or entry cut from a line: clipped to the line, NULs included.

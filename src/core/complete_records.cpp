@@ -30,6 +30,7 @@ int CAllRecords::GetNextCompleteRecord(const char* type, char* buffer, int buffe
         if (record == nullptr) {
             return TABVEX_NO_RECORD;
         }
+        record->PrepareWrite();
         if (record->GetLineCount() == 0) {
             return TABVEX_COMPLETE_NO_LINES;
         }
@@ -39,7 +40,6 @@ int CAllRecords::GetNextCompleteRecord(const char* type, char* buffer, int buffe
         if (lineNumber < 1 || lineNumber > record->GetLineCount()) {
             return TABVEX_COMPLETE_NO_SUCH_LINE;
         }
-        record->PrepareWrite();
         const std::string_view line = record->CutText(lineNumber - 1, 0, record->GetLineLength());
         const std::size_t count = std::min(line.size(), static_cast<std::size_t>(bufferSize));
         line.copy(buffer, count);

@@ -194,7 +194,7 @@ int CRecord::HardWrite(const CItemDef& definition, std::string_view text) {
         return TABVEX_ITEM_NO_LINE;
     }
     BeforeLinesChange();
-    PutIntoLine(std::min(m_nCurLine, GetLineCount() - 1), definition.Position - 1, text);
+    PutIntoLine(std::min(m_nCurLine, GetLineCount() - 1), OffsetOf(definition), text);
     return TABVEX_OK;
 }
 
@@ -205,7 +205,9 @@ int CRecord::FillDefaults() {
 int CRecord::WriteLines(CLineFile& file, bool crlf) {
     for (int index = 0; index < GetLineCount(); ++index) {
         FetchAhead(index);
-        const int result = file.WriteLine(LineAt(index), m_nLineLength, crlf);
+        char* line = LineAt(index);
+        const int result = file.WriteLine(line, m_nLineLength, crlf);
+        std::memcpy(line + m_nLineLength, crlf ? "\r\n" : "\0\0", kLineRoom);
         if (result < 0) {
             return result;
         }
@@ -226,6 +228,10 @@ void CRecord::AppendLines(std::string& text, bool lf) const {
 void CRecord::BeforeLinesChange() {}
 
 void CRecord::AfterCreation() {}
+
+int CRecord::OffsetOf(const CItemDef& definition) {
+    return definition.Position < 1 ? -1 : definition.Position - 1;
+}
 
 char* CRecord::LineAt(int index) const {
     return m_Context.PoolOf(m_nLineLength).At(m_Lines[static_cast<std::size_t>(index)]);

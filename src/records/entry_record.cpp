@@ -15,7 +15,6 @@ namespace {
 constexpr int kLongestEntry = 4096; // no line is as long, whatever a layout says
 constexpr int kLastEntryEnd = 127;  // of the types whose group end depends on the entry length
 constexpr int kDefaultFirstOffset = 7;
-constexpr std::size_t kBlankTest = 76; // characters that tell a blank entry
 
 } // namespace
 
@@ -116,7 +115,7 @@ int CEntryRecord::StepForward() {
             return LeaveLastLine();
         }
     }
-    return group.Row->Flags.BlankEnds && IsBlankEntry() ? TABVEX_ENTRY_NO_MORE : TABVEX_OK;
+    return group.Row->Flags.BlankEnds != 0 && IsBlankEntry() ? TABVEX_ENTRY_NO_MORE : TABVEX_OK;
 }
 
 int CEntryRecord::LeaveLastLine() {
@@ -136,7 +135,7 @@ int CEntryRecord::LeaveLastLine() {
 
 bool CEntryRecord::IsBlankEntry() {
     const std::string_view entry = CutFromLine(m_nCurLine, m_nCurOffset, Group().EntryLength);
-    return IsBlank(entry.substr(0, kBlankTest));
+    return IsBlank(entry.substr(0, static_cast<std::size_t>(m_Group.Row->Flags.BlankEnds)));
 }
 
 int CEntryRecord::ReadEntryItem(int item, const CItemDef& definition, std::string_view& text) {
@@ -144,7 +143,7 @@ int CEntryRecord::ReadEntryItem(int item, const CItemDef& definition, std::strin
         if (m_Lines.empty()) {
             return TABVEX_ITEM_NO_LINE;
         }
-        text = CutText(0, definition.Position - 1, definition.Length);
+        text = CutText(0, OffsetOf(definition), definition.Length);
         return TABVEX_OK;
     }
     if (m_Group.Row->Flags.ForeignItemsFail && !IsEntryItem(item)) {
@@ -159,8 +158,8 @@ int CEntryRecord::ReadEntryItem(int item, const CItemDef& definition, std::strin
 
 std::string_view CEntryRecord::CutFromEntry(const CItemDef& definition) {
     const CGroup& group = Group();
-    const int offset = definition.Position - group.FirstOffset - 1; // in the entry
-    if (definition.Position < 1 || offset < 0 || offset >= group.EntryLength || definition.Length <= 0) {
+    const int offset = OffsetOf(definition) - group.FirstOffset; // in the entry
+    if (offset < 0 || offset >= group.EntryLength || definition.Length <= 0) {
         return {};
     }
     const int length = std::min(definition.Length, group.EntryLength - offset);

@@ -22,7 +22,7 @@ int CListRecord::ReadEntryItem(int /*item*/, const CItemDef& definition, std::st
     if (GetLineCount() == 0) {
         return TABVEX_ITEM_NO_LINE;
     }
-    text = CutText(0, definition.Position - 1, definition.Length);
+    text = CutText(0, OffsetOf(definition), definition.Length);
     return TABVEX_OK;
 }
 
@@ -32,7 +32,7 @@ int CListRecord::WriteEntry(int /*item*/, const CItemDef& definition, std::strin
     }
     const int result = FormatValue(definition, value, true, m_Context.FieldText);
     if (result == TABVEX_OK) {
-        PutField(0, definition.Position - 1, definition.Length, m_Context.FieldText);
+        PutField(0, OffsetOf(definition), definition.Length, m_Context.FieldText);
     }
     return result;
 }

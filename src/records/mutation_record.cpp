@@ -85,7 +85,9 @@ int CMutationRecord::Parse() {
     // Lines that were changed by hand keep their current entry, all others begin with the first.
     const auto entry =
         std::find_if(m_Entries.begin(), m_Entries.end(), [current](const CEntry& e) { return e.CellIndex == current; });
-    SelectEntry(entry == m_Entries.end() ? 0 : static_cast<std::size_t>(entry - m_Entries.begin()));
+    const bool runThrough = m_nCurLine >= GetLineCount();
+    const auto found = static_cast<std::size_t>(entry - m_Entries.begin());
+    SelectEntry(entry != m_Entries.end() || runThrough ? found : 0);
     return TABVEX_OK;
 }
 
@@ -122,6 +124,16 @@ void CMutationRecord::ParseCell(std::string_view cell, int index, const CCodeTab
 void CMutationRecord::SelectEntry(std::size_t index) {
     m_nEntry = index;
     m_nWriteEntry = index;
+    PlaceCursor();
+}
+
+// At the current entry's cell; behind the last line when the entries were run through.
+void CMutationRecord::PlaceCursor() {
+    const CEntry* entry = CurrentEntry();
+    const bool runThrough = entry == nullptr && !m_Entries.empty();
+    const int index = entry == nullptr ? 0 : entry->CellIndex;
+    m_nCurLine = runThrough ? GetLineCount() : CellLine(index);
+    m_nCurOffset = CellOffset(index);
 }
 
 CMutationRecord::CEntry* CMutationRecord::CurrentEntry() {
@@ -166,7 +178,7 @@ int CMutationRecord::ReadEntryItem(int item, const CItemDef& definition, std::st
         return TABVEX_MUTATION_NOT_PARSED;
     }
     if (IsHeaderItem(item)) {
-        text = CutText(0, definition.Position - 1, definition.Length);
+        text = CutText(0, OffsetOf(definition), definition.Length);
         return TABVEX_OK;
     }
     const int field = PositionField(item);
@@ -224,7 +236,7 @@ int CMutationRecord::FindFirst(int item, std::string_view text) {
 }
 
 int CMutationRecord::FindNext(int item, std::string_view text) {
-    return SearchFrom(m_nEntry + 1, item, text);
+    return SearchFrom(m_nFoundEntry + 1, item, text);
 }
 
 int CMutationRecord::SearchFrom(std::size_t first, int item, std::string_view text) {
@@ -246,6 +258,7 @@ int CMutationRecord::SearchFrom(std::size_t first, int item, std::string_view te
                                : TrimBlanks(PartOfCell(TextOf(entry.Position), offset, definition->Length)) == sought;
         if (found) {
             SelectEntry(index);
+            m_nFoundEntry = index;
             return TABVEX_FIND_FOUND;
         }
     }
@@ -420,6 +433,7 @@ int CMutationRecord::PrepareWrite() {
     if (m_State == EState::Parsed && m_bChanged) {
         PutCells(AllCells());
         m_bChanged = false;
+        PlaceCursor();
     }
     return TABVEX_OK;
 }
@@ -469,10 +483,6 @@ void CMutationRecord::BeforeLinesChange() {
         return;
     }
     PrepareWrite();
-    const CEntry* entry = m_State == EState::Parsed ? CurrentEntry() : nullptr;
-    const int index = entry == nullptr ? 0 : entry->CellIndex;
-    m_nCurLine = CellLine(index);
-    m_nCurOffset = CellOffset(index);
     m_State = EState::Unparsed;
 }
 

@@ -57,6 +57,7 @@ private:
     void ParseCell(std::string_view cell, int index, const CCodeTable& repairMethods, const CCodeTable& mutations);
     bool LinesAreComplete() const;
     void SelectEntry(std::size_t index);
+    void PlaceCursor();
     CEntry* CurrentEntry();
     int SearchFrom(std::size_t first, int item, std::string_view text);
     bool CarriesMutation(const CEntry& entry, std::string_view code) const;
@@ -71,6 +72,7 @@ private:
     std::vector<CSkippedCell> m_Skipped;
     std::size_t m_nEntry = 0; // current entry; behind the last: none
     std::size_t m_nWriteEntry = 0;
+    std::size_t m_nFoundEntry = 0; // by the last search
 };
 
 } // namespace tabvex

@@ -66,7 +66,7 @@ int COldMutationRecord::ReadEntryItem(int item, const CItemDef& definition, std:
         return TABVEX_ITEM_NO_LINE;
     }
     if (IsHeaderItem(item)) {
-        text = CutText(0, definition.Position - 1, definition.Length);
+        text = CutText(0, OffsetOf(definition), definition.Length);
         return TABVEX_OK;
     }
     if (PositionField(item) < 0) {
@@ -81,8 +81,8 @@ int COldMutationRecord::ReadEntryItem(int item, const CItemDef& definition, std:
 
 // Items are described at their place in the first cell.
 std::string_view COldMutationRecord::FieldText(const CItemDef& definition) const {
-    const int offset = definition.Position - kFirstCellOffset - 1;
-    if (definition.Position < 1 || offset < 0 || offset >= kCellLength) {
+    const int offset = OffsetOf(definition) - kFirstCellOffset;
+    if (offset < 0 || offset >= kCellLength) {
         return {};
     }
     return CutText(m_nCurLine, m_nCurOffset + offset, std::min(definition.Length, kCellLength - offset));
@@ -113,7 +113,7 @@ int COldMutationRecord::FindFirst(int item, std::string_view text) {
 }
 
 int COldMutationRecord::FindNext(int item, std::string_view text) {
-    return SearchFrom(CurrentCell() + 1, item, text);
+    return SearchFrom(m_nFoundCell + 1, item, text);
 }
 
 // The cursor moves only to an entry that matches.
@@ -128,6 +128,7 @@ int COldMutationRecord::SearchFrom(int cell, int item, std::string_view text) {
     const int offset = m_nCurOffset;
     for (MoveToPosition(cell); !IsPastLastLine(); MoveToPosition(CurrentCell() + 1)) {
         if (definition == nullptr ? CarriesMutation(sought) : TrimBlanks(FieldText(*definition)) == sought) {
+            m_nFoundCell = CurrentCell();
             return TABVEX_FIND_FOUND;
         }
     }

@@ -26,6 +26,8 @@ private:
     std::string_view FieldText(const CItemDef& definition) const;
     int SearchFrom(int cell, int item, std::string_view text);
     bool CarriesMutation(std::string_view code) const;
+
+    int m_nFoundCell = 0; // by the last search
 };
 
 } // namespace tabvex

@@ -35,7 +35,7 @@ inline constexpr int kNoLimit = 0;
 
 struct CGroupFlags {
     bool EmptySpanFails;   ///< FirstEntry answers when the layout gives the entry no length
-    bool BlankEnds;        ///< an all-blank entry ends the group
+    int BlankEnds;         ///< an entry whose first so many characters are blank ends the group; 0: none does
     bool ForeignItemsFail; ///< reading an item that is neither a header item nor one of the entry
     bool OthersAreHeader;  ///< every item outside the entry is a header item
 };
@@ -58,13 +58,14 @@ struct CGroupRow {
 };
 
 // clang-format off
-inline constexpr CGroupFlags kNoFlags   = {false, false, false, false};
-inline constexpr CGroupFlags kSpanFails = {true,  false, false, false};
-inline constexpr CGroupFlags kBlankSpan = {true,  true,  false, false};
-inline constexpr CGroupFlags kBlank     = {false, true,  false, false};
-inline constexpr CGroupFlags kForeign   = {false, false, true,  false};
-inline constexpr CGroupFlags kForeignSpan = {true, false, true, false};
-inline constexpr CGroupFlags kAllHeader = {false, false, false, true};
+inline constexpr int kWholeEntry = 4096; // longer than any
+inline constexpr CGroupFlags kNoFlags     = {false, 0,           false, false};
+inline constexpr CGroupFlags kSpanFails   = {true,  0,           false, false};
+inline constexpr CGroupFlags kBlankSpan   = {true,  kWholeEntry, false, false};
+inline constexpr CGroupFlags kBlank       = {false, 76,          false, false};
+inline constexpr CGroupFlags kForeign     = {false, 0,           true,  false};
+inline constexpr CGroupFlags kForeignSpan = {true,  0,           true,  false};
+inline constexpr CGroupFlags kAllHeader   = {false, 0,           false, true};
 
 inline constexpr std::array<CGroupRow, 35> kGroupRows = {{
 //   type, variant,  items,                             first offset, last offset, end,        park, flags, write limit, dynamic limit, last line end, extra item, header items
@@ -141,9 +142,9 @@ constexpr bool GroupRowsAreSound() {
         const int length = row.Variant == EVariant::LongLine ? kLongLineLength : kLineLength;
         const int type = RecordTypeOf(row.Type);
         const int expected = row.Variant == EVariant::TwoGroups ? 2 : 1;
-        if (type == kNoRecordType || RecordTypeRow(type).Class != ERecordClass::Own || row.FirstOffset >= length ||
-            row.LastOffset >= length || row.ParkOffset >= length || GroupRowsOf(row.Type).Count != expected ||
-            GroupRowsOf(row.Type).Begin[expected - 1].Type != row.Type) {
+        if (type == kNoRecordType || RecordTypeRow(type).Class != ERecordClass::Own || row.FirstOffset < kFromLayout ||
+            row.FirstOffset >= length || row.LastOffset >= length || row.ParkOffset >= length ||
+            GroupRowsOf(row.Type).Count != expected || GroupRowsOf(row.Type).Begin[expected - 1].Type != row.Type) {
             return false;
         }
     }

@@ -17,15 +17,20 @@ constexpr int kW4MutationCode = 4555;
 } // namespace
 
 int CSearchingRecord::FindFirst(int item, std::string_view text) {
-    return Search(item, text, true);
+    return Search(item, text, [this] { return FirstEntry(m_Group.Row->Items[0]); });
 }
 
 int CSearchingRecord::FindNext(int item, std::string_view text) {
-    return Search(item, text, false);
+    return Search(item, text, [this] {
+        m_nCurLine = m_nFoundLine;
+        m_nCurOffset = m_nFoundOffset;
+        return StepForward();
+    });
 }
 
 // The cursor moves only to an entry that matches.
-int CSearchingRecord::Search(int item, std::string_view text, bool fromFirst) {
+template <typename Start>
+int CSearchingRecord::Search(int item, std::string_view text, Start start) {
     const int wanted = item == kW4MutationSearch ? kW4MutationCode : item;
     if (!IsEntryItem(wanted)) {
         return TABVEX_FIND_WRONG_ITEM;
@@ -44,12 +49,12 @@ int CSearchingRecord::Search(int item, std::string_view text, bool fromFirst) {
     }
     const int line = m_nCurLine;
     const int offset = m_nCurOffset;
-    int result = fromFirst ? FirstEntry(m_Group.Row->Items[0]) : StepForward();
-    while (result == TABVEX_OK && !IsPastLastLine()) {
+    for (int result = start(); result == TABVEX_OK && !IsPastLastLine(); result = StepForward()) {
         if (TrimBlanks(CutFromEntry(*definition)) == sought) {
+            m_nFoundLine = m_nCurLine;
+            m_nFoundOffset = m_nCurOffset;
             return TABVEX_FIND_FOUND;
         }
-        result = StepForward();
     }
     m_nCurLine = line;
     m_nCurOffset = offset;

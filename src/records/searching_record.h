@@ -14,7 +14,11 @@ public:
     int FindNext(int item, std::string_view text) override;
 
 private:
-    int Search(int item, std::string_view text, bool fromFirst);
+    template <typename Start>
+    int Search(int item, std::string_view text, Start start);
+
+    int m_nFoundLine = 0; // of the entry last found
+    int m_nFoundOffset = 0;
 };
 
 /// Also steps back, and reads and writes a whole entry as its items joined by the delimiter.

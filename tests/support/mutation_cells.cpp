@@ -98,8 +98,7 @@ std::string ReadMutation(CAllRecordsEx& records, const CMutationType& type, int 
     CGuardBuffer text1(3);
     CGuardBuffer text2(11);
     double value = -77.0;
-    const int result =
-        (records.*type.ReadValue)(index, code.Data(), 3, value, text1.Data(), 2, text2.Data(), 10);
+    const int result = (records.*type.ReadValue)(index, code.Data(), 3, value, text1.Data(), 2, text2.Data(), 10);
     std::ostringstream number; // unlike printf not in the process locale
     number << ' ' << value;
     return std::to_string(result) + ": " + (code.IsUntouched() ? "?" : code.Text()) + number.str() + Quoted(text1) +
@@ -111,8 +110,8 @@ std::string ReadMutationTexts(CAllRecordsEx& records, const CMutationType& type,
     CGuardBuffer value(16);
     CGuardBuffer text1(3);
     CGuardBuffer text2(11);
-    const int result = (records.*type.ReadTexts)(index, code.Data(), 3, value.Data(), 15, text1.Data(), 2,
-                                                 text2.Data(), 10);
+    const int result =
+        (records.*type.ReadTexts)(index, code.Data(), 3, value.Data(), 15, text1.Data(), 2, text2.Data(), 10);
     return std::to_string(result) + ": " + (code.IsUntouched() ? "?" : code.Text()) + Quoted(value) + Quoted(text1) +
            Quoted(text2);
 }
