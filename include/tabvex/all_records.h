@@ -279,8 +279,12 @@ protected:
 private:
     struct CItemTarget;
 
+    enum class EMissing { Fails, IsCreated }; // what becomes of a record object that does not exist
+
     template <typename Operation>
     int WithTable(Operation operation);
+    template <typename Operation>
+    int WithItem(int item, EMissing missing, Operation operation);
     std::unique_ptr<CRecord> NewRecord(int type);
     CRecord* GetOrCreateRecord(int type, bool blankLine);
     CRecord* CreateRecord(int type, bool blankLine);
@@ -292,10 +296,9 @@ private:
     int ReadFixedRecords(const char* fileName);
     int ReadVariableLines(const char* fileName);
     int StepTo(int item, int (CRecord::*step)(int item));
-    int FindItem(int item, CItemTarget& target);
-    int FindOrCreateItem(int item, CItemTarget& target);
     int ReadText(int item, bool charactersOnly, char* buffer, int size);
-    int ReadNumberField(int item, bool decimals, CItemTarget& target, std::string_view& field);
+    template <typename Parse>
+    int ReadNumber(int item, bool decimals, Parse parse);
     template <typename Print>
     int WriteNumber(int item, Print print);
     void ReplaceMutationList(const std::string& type, const char* list);

@@ -31,24 +31,21 @@ int CAllRecords::ReadDateItem(int item, const char* format, char* buffer, int si
         if (format == nullptr || buffer == nullptr) {
             return TABVEX_BAD_ARGUMENT;
         }
-        CItemTarget target;
-        int result = FindItem(item, target);
-        if (result != TABVEX_OK) {
-            return result;
-        }
-        if (target.Definition->Format != 'D') {
-            return TABVEX_ITEM_WRONG_FORMAT;
-        }
-        std::string_view field;
-        result = target.Record->ReadEntryItem(item, *target.Definition, field);
-        if (result != TABVEX_OK) {
-            return result;
-        }
-        const tabvex::CRecordContext& context = m_pState->Context;
-        std::string& text = m_pState->Context.ValueText;
-        result = ConvertDate(field, target.Definition->DatePattern, format, text);
-        const int delivered = tabvex::DeliverText(text, buffer, size, context.IsOem ? &context.CodePages : nullptr);
-        return delivered == TABVEX_OK ? result : delivered;
+        return WithItem(item, EMissing::Fails, [&](const CItemTarget& target) -> int {
+            if (target.Definition->Format != 'D') {
+                return TABVEX_ITEM_WRONG_FORMAT;
+            }
+            std::string_view field;
+            int result = target.Record->ReadEntryItem(item, *target.Definition, field);
+            if (result != TABVEX_OK) {
+                return result;
+            }
+            const tabvex::CRecordContext& context = m_pState->Context;
+            std::string& text = m_pState->Context.ValueText;
+            result = ConvertDate(field, target.Definition->DatePattern, format, text);
+            const int delivered = tabvex::DeliverText(text, buffer, size, context.IsOem ? &context.CodePages : nullptr);
+            return delivered == TABVEX_OK ? result : delivered;
+        });
     });
 }
 
@@ -59,18 +56,14 @@ int CAllRecords::WriteDateItem(int item, const char* format, const char* date) {
         }
         // Before the record is looked for, so that a bad date never creates one.
         tabvex::CCanonicalDate canonical;
-        int result = tabvex::ParseDateText(tabvex::TrimBlanks(date), format, canonical);
+        const int result = tabvex::ParseDateText(tabvex::TrimBlanks(date), format, canonical);
         if (result != TABVEX_OK) {
             return result;
         }
-        CItemTarget target;
-        result = FindOrCreateItem(item, target);
-        if (result != TABVEX_OK) {
-            return result;
-        }
-        if (target.Definition->Format != 'D') {
-            return TABVEX_ITEM_WRONG_FORMAT;
-        }
-        return target.Record->WriteEntry(item, *target.Definition, canonical.View());
+        return WithItem(item, EMissing::IsCreated, [&](const CItemTarget& target) -> int {
+            return target.Definition->Format != 'D'
+                       ? TABVEX_ITEM_WRONG_FORMAT
+                       : target.Record->WriteEntry(item, *target.Definition, canonical.View());
+        });
     });
 }

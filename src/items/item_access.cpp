@@ -38,24 +38,6 @@ std::string_view PreparedText(CRecordContext& context, const char* text) {
 
 } // namespace tabvex
 
-int CAllRecords::FindItem(int item, CItemTarget& target) {
-    target.Record = RecordOfItem(item);
-    if (target.Record == nullptr) {
-        return TABVEX_NO_RECORD;
-    }
-    target.Definition = target.Record->FindItem(item);
-    return target.Definition == nullptr ? TABVEX_ITEM_UNKNOWN : TABVEX_OK;
-}
-
-int CAllRecords::FindOrCreateItem(int item, CItemTarget& target) {
-    target.Record = GetOrCreateRecordOfItem(item);
-    if (target.Record == nullptr) {
-        return TABVEX_NO_RECORD;
-    }
-    target.Definition = target.Record->FindItem(item);
-    return target.Definition == nullptr ? TABVEX_ITEM_UNKNOWN : TABVEX_OK;
-}
-
 // An item whose type has no class creates nothing.
 CRecord* CAllRecords::GetOrCreateRecordOfItem(int item) {
     const int type = tabvex::RecordTypeOfItem(item);
@@ -79,18 +61,15 @@ int CAllRecords::ReadText(int item, bool charactersOnly, char* buffer, int size)
         if (buffer == nullptr) {
             return TABVEX_BAD_ARGUMENT;
         }
-        CItemTarget target;
-        int result = FindItem(item, target);
-        if (result != TABVEX_OK) {
-            return result;
-        }
-        if (charactersOnly && !tabvex::IsCharacterItem(*target.Definition)) {
-            return TABVEX_ITEM_WRONG_FORMAT;
-        }
-        std::string_view text;
-        result = target.Record->ReadEntryItem(item, *target.Definition, text);
-        return result != TABVEX_OK ? result
-                                   : tabvex::DeliverText(text, buffer, size, tabvex::OemPages(m_pState->Context));
+        return WithItem(item, EMissing::Fails, [&](const CItemTarget& target) -> int {
+            if (charactersOnly && !tabvex::IsCharacterItem(*target.Definition)) {
+                return TABVEX_ITEM_WRONG_FORMAT;
+            }
+            std::string_view text;
+            const int result = target.Record->ReadEntryItem(item, *target.Definition, text);
+            return result != TABVEX_OK ? result
+                                       : tabvex::DeliverText(text, buffer, size, tabvex::OemPages(m_pState->Context));
+        });
     });
 }
 
@@ -112,12 +91,9 @@ int CAllRecords::WriteItem(int item, const char* text) {
         if (text == nullptr) {
             return TABVEX_BAD_ARGUMENT;
         }
-        CItemTarget target;
-        const int result = FindOrCreateItem(item, target);
-        if (result != TABVEX_OK) {
-            return result;
-        }
-        return target.Record->WriteEntry(item, *target.Definition, tabvex::PreparedText(m_pState->Context, text));
+        return WithItem(item, EMissing::IsCreated, [&](const CItemTarget& target) {
+            return target.Record->WriteEntry(item, *target.Definition, tabvex::PreparedText(m_pState->Context, text));
+        });
     });
 }
 
@@ -126,18 +102,15 @@ int CAllRecords::WriteCharItem(int item, const char* text) {
         if (text == nullptr) {
             return TABVEX_BAD_ARGUMENT;
         }
-        CItemTarget target;
-        const int result = FindOrCreateItem(item, target);
-        if (result != TABVEX_OK) {
-            return result;
-        }
-        if (!tabvex::IsCharacterItem(*target.Definition)) {
-            return TABVEX_ITEM_WRONG_FORMAT;
-        }
-        // One blank is how a caller writes a blank item on purpose.
-        std::string_view value = tabvex::PreparedText(m_pState->Context, text);
-        value = value == " " ? value : tabvex::TrimBlanksRight(value);
-        return target.Record->WriteEntry(item, *target.Definition, value);
+        return WithItem(item, EMissing::IsCreated, [&](const CItemTarget& target) -> int {
+            if (!tabvex::IsCharacterItem(*target.Definition)) {
+                return TABVEX_ITEM_WRONG_FORMAT;
+            }
+            // One blank is how a caller writes a blank item on purpose.
+            std::string_view value = tabvex::PreparedText(m_pState->Context, text);
+            value = value == " " ? value : tabvex::TrimBlanksRight(value);
+            return target.Record->WriteEntry(item, *target.Definition, value);
+        });
     });
 }
 
@@ -146,16 +119,13 @@ int CAllRecords::HardWriteItem(int item, const char* text) {
         if (text == nullptr) {
             return TABVEX_BAD_ARGUMENT;
         }
-        CItemTarget target;
-        const int result = FindItem(item, target);
-        if (result != TABVEX_OK) {
-            return result;
-        }
-        const std::string_view value = tabvex::PreparedText(m_pState->Context, text);
-        if (static_cast<long long>(value.size()) != target.Definition->Length) {
-            return TABVEX_ITEM_WRONG_LENGTH;
-        }
-        return target.Record->HardWrite(*target.Definition, value);
+        return WithItem(item, EMissing::Fails, [&](const CItemTarget& target) -> int {
+            const std::string_view value = tabvex::PreparedText(m_pState->Context, text);
+            if (static_cast<long long>(value.size()) != target.Definition->Length) {
+                return TABVEX_ITEM_WRONG_LENGTH;
+            }
+            return target.Record->HardWrite(*target.Definition, value);
+        });
     });
 }
 
@@ -168,13 +138,10 @@ int CAllRecords::HardWriteDynItem(int item, const char* text) {
 
 int CAllRecords::ClearItem(int item) {
     return WithTable([&]() -> int {
-        CItemTarget target;
-        const int result = FindItem(item, target);
-        if (result != TABVEX_OK) {
-            return result;
-        }
-        const int length = std::clamp(target.Definition->Length, 0, target.Record->GetLineLength());
-        m_pState->Context.FieldText.assign(static_cast<std::size_t>(length), ' ');
-        return target.Record->HardWrite(*target.Definition, m_pState->Context.FieldText);
+        return WithItem(item, EMissing::Fails, [&](const CItemTarget& target) {
+            const int length = std::clamp(target.Definition->Length, 0, target.Record->GetLineLength());
+            m_pState->Context.FieldText.assign(static_cast<std::size_t>(length), ' ');
+            return target.Record->HardWrite(*target.Definition, m_pState->Context.FieldText);
+        });
     });
 }

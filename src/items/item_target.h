@@ -4,9 +4,21 @@
 #include "core/all_records.h"
 
 struct CAllRecords::CItemTarget {
-    CRecord* Record = nullptr;
-    const CItemDef* Definition = nullptr;
+    CRecord* Record;
+    const CItemDef* Definition;
 };
+
+/// Runs `operation(target)` on the record object that owns an item and the item's definition; TABVEX_NO_RECORD or
+/// TABVEX_ITEM_UNKNOWN without them.
+template <typename Operation>
+int CAllRecords::WithItem(int item, EMissing missing, Operation operation) {
+    CRecord* record = missing == EMissing::IsCreated ? GetOrCreateRecordOfItem(item) : RecordOfItem(item);
+    if (record == nullptr) {
+        return TABVEX_NO_RECORD;
+    }
+    const CItemDef* definition = record->FindItem(item);
+    return definition == nullptr ? TABVEX_ITEM_UNKNOWN : operation(CItemTarget{record, definition});
+}
 
 namespace tabvex {
 

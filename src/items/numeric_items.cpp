@@ -11,26 +11,26 @@ constexpr int kSmallestNumberBuffer = 15;
 } // namespace
 
 // Every numeric item is read by one of two operations: by one those without decimals, by the other those with.
-int CAllRecords::ReadNumberField(int item, bool decimals, CItemTarget& target, std::string_view& field) {
-    const int result = FindItem(item, target);
-    if (result != TABVEX_OK) {
-        return result;
-    }
-    if (target.Definition->Format != 'N') {
-        return TABVEX_ITEM_WRONG_FORMAT;
-    }
-    if ((target.Definition->Decimals != 0) != decimals) {
-        return TABVEX_VALUE_WRONG_DECIMALS;
-    }
-    return target.Record->ReadEntryItem(item, *target.Definition, field);
+template <typename Parse>
+int CAllRecords::ReadNumber(int item, bool decimals, Parse parse) {
+    return WithItem(item, EMissing::Fails, [&](const CItemTarget& target) -> int {
+        if (target.Definition->Format != 'N') {
+            return TABVEX_ITEM_WRONG_FORMAT;
+        }
+        if ((target.Definition->Decimals != 0) != decimals) {
+            return TABVEX_VALUE_WRONG_DECIMALS;
+        }
+        std::string_view field;
+        const int result = target.Record->ReadEntryItem(item, *target.Definition, field);
+        return result != TABVEX_OK ? result : parse(*target.Definition, field);
+    });
 }
 
 int CAllRecords::ReadIntItem(int item, int& value) {
     return WithTable([&]() -> int {
-        CItemTarget target;
-        std::string_view field;
-        const int result = ReadNumberField(item, false, target, field);
-        return result != TABVEX_OK ? result : tabvex::ParseIntField(*target.Definition, field, value);
+        return ReadNumber(item, false, [&value](const CItemDef& definition, std::string_view field) {
+            return tabvex::ParseIntField(definition, field, value);
+        });
     });
 }
 
@@ -42,27 +42,22 @@ int CAllRecords::ReadIntItem(int item, char* buffer, int size) {
         if (size < kSmallestNumberBuffer) {
             return TABVEX_VALUE_BUFFER_TOO_SMALL;
         }
-        CItemTarget target;
-        std::string_view field;
-        int result = ReadNumberField(item, false, target, field);
-        if (result != TABVEX_OK) {
-            return result;
-        }
-        int value = 0;
-        result = tabvex::ParseIntField(*target.Definition, field, value);
-        char number[tabvex::kNumberTextSize];
-        const bool blank = result == TABVEX_VALUE_BLANK;
-        tabvex::DeliverText(blank ? "" : tabvex::PrintNumber(value, number), buffer, size, nullptr);
-        return blank ? TABVEX_OK : result;
+        return ReadNumber(item, false, [&](const CItemDef& definition, std::string_view field) -> int {
+            int value = 0;
+            const int result = tabvex::ParseIntField(definition, field, value);
+            const bool blank = result == TABVEX_VALUE_BLANK;
+            char number[tabvex::kNumberTextSize];
+            tabvex::DeliverText(blank ? "" : tabvex::PrintNumber(value, number), buffer, size, nullptr);
+            return blank ? TABVEX_OK : result;
+        });
     });
 }
 
 int CAllRecords::ReadFloatItem(int item, double& value) {
     return WithTable([&]() -> int {
-        CItemTarget target;
-        std::string_view field;
-        const int result = ReadNumberField(item, true, target, field);
-        return result != TABVEX_OK ? result : tabvex::ParseFloatField(*target.Definition, field, value);
+        return ReadNumber(item, true, [&value](const CItemDef& definition, std::string_view field) {
+            return tabvex::ParseFloatField(definition, field, value);
+        });
     });
 }
 
@@ -88,17 +83,14 @@ int CAllRecords::ReadFloatItem(int item, char* buffer, int size) {
 // `print` gives the text to write, or a code, once the definition is known.
 template <typename Print>
 int CAllRecords::WriteNumber(int item, Print print) {
-    CItemTarget target;
-    int result = FindOrCreateItem(item, target);
-    if (result != TABVEX_OK) {
-        return result;
-    }
-    if (target.Definition->Format != 'N') {
-        return TABVEX_ITEM_WRONG_FORMAT;
-    }
-    std::string_view number;
-    result = print(*target.Definition, number);
-    return result != TABVEX_OK ? result : target.Record->WriteEntry(item, *target.Definition, number);
+    return WithItem(item, EMissing::IsCreated, [&](const CItemTarget& target) -> int {
+        if (target.Definition->Format != 'N') {
+            return TABVEX_ITEM_WRONG_FORMAT;
+        }
+        std::string_view number;
+        const int result = print(*target.Definition, number);
+        return result != TABVEX_OK ? result : target.Record->WriteEntry(item, *target.Definition, number);
+    });
 }
 
 int CAllRecords::WriteIntItem(int item, const char* text) {

@@ -31,12 +31,10 @@ public:
         }
         std::setvbuf(m_pFile, nullptr, _IONBF, 0);
         // A directory opens on some systems; only reading tells.
-        char first = 0;
-        if (std::fread(&first, 1, 1, m_pFile) == 0 && std::feof(m_pFile) == 0) {
+        if (!Fill() && std::feof(m_pFile) == 0) {
             Close();
             return false;
         }
-        std::rewind(m_pFile);
         return true;
     }
 

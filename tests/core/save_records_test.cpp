@@ -20,6 +20,7 @@ using ::testing::ElementsAre;
 
 constexpr const char* kFullDevice = "/dev/full";
 constexpr std::size_t kMarker = 6;
+constexpr std::size_t kStored = 130; // bytes of a line with its CR LF
 
 /// A record set into which a record object without any line can be put.
 class COpenRecords : public CAllRecordsEx {
@@ -120,7 +121,7 @@ TEST_F(SaveRecords, AnyNonZeroSwitchAsksForCrLf) {
 TEST_F(SaveRecords, LinesAreGroupedByTypeInTheOrderInWhichTypesWereMet) {
     const std::string saved =
         Resaved(CRecordBuilder().Add("X1", " a").Add("W4", " b").Add("X1", " c").Add("Z2", " d").Add("W4", " e"), 0);
-    ASSERT_EQ(saved.size(), 5U * 128U);
+    ASSERT_EQ(saved.size(), 640U);
     std::string letters;
     for (std::size_t line = 0; line < 5; ++line) {
         letters += saved[line * 128 + 3];
@@ -635,8 +636,8 @@ private:
     }
 
     static std::string TypeOf(const std::string& line) {
-        const std::string two = line.substr(0, 2);
-        const std::string four = two + line.substr(7, 2);
+        std::string two = line.substr(0, 2);
+        std::string four = two + line.substr(7, 2);
         if ((two == "X2" && line[127] == '1') || (two == "X9" && line[122] == '1')) {
             return two + "+";
         }
@@ -748,8 +749,8 @@ TEST_F(SaveSamples, ReadingAndSavingUmlautsChangesNothingInAnyCharacterSetMode) 
 
 TEST_F(SaveSamples, OfADamagedFileTheWholeRecordsAreSaved) {
     EXPECT_EQ(m_Records.ReadAllRecordsEx(Sample("damaged.rec").c_str()), -6);
-    std::string expected = ReadFile(Sample("damaged.rec")).substr(0, 12U * 130U);
-    expected[11 * 130 + kMarker] = '3';
+    std::string expected = ReadFile(Sample("damaged.rec")).substr(0, 12 * kStored);
+    expected[11 * kStored + kMarker] = '3';
     EXPECT_EQ(Saved(1), expected);
 }
 

@@ -151,7 +151,7 @@ protected:
 
 template <typename RecordSet>
 class CharacterSet : public CCharacterSetTest<RecordSet> {};
-TYPED_TEST_SUITE(CharacterSet, RecordSetClasses);
+TYPED_TEST_SUITE(CharacterSet, RecordSetClasses, CRecordSetClassName);
 
 /// Tests of what only the derived record set lets a caller choose.
 class CharacterSetChoice : public CCharacterSetTest<CAllRecordsEx> {

@@ -11,7 +11,6 @@
 namespace {
 
 using namespace item_codes;
-using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
 constexpr int kNoMore = -5;
@@ -103,7 +102,7 @@ std::pair<int, std::string> Answer(int code, const std::string& text) {
     return {code, text};
 }
 
-TYPED_TEST_SUITE(DateItems, RecordSetClasses);
+TYPED_TEST_SUITE(DateItems, RecordSetClasses, CRecordSetClassName);
 
 // --- What is answered first -----------------------------------------------------------------------------------------
 

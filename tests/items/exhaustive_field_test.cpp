@@ -307,7 +307,7 @@ protected:
     const std::vector<CLayoutCase> m_Layouts = EveryLayout();
 };
 
-TYPED_TEST_SUITE(EveryField, RecordSetClasses);
+TYPED_TEST_SUITE(EveryField, RecordSetClasses, CRecordSetClassName);
 
 TYPED_TEST(EveryField, ANumberReadsBackUnlessItsLayoutLosesIt) {
     const std::vector<int> numbers = Numbers();

@@ -55,7 +55,7 @@ CTableBuilder Table() {
         .Item(kNumber, 8, 12, "N,,,R 5.2")
         .Item(kDate, 10, 20, "D,,,,,,DD.MM.YYYY")
         .Item(kUpper, 5, 30, "U")
-        .Item(kListed, 3, 35, "C,,,,,(\"A\";\"BB\";\" \")")
+        .Item(kListed, 3, 35, R"(C,,,,,("A";"BB";" "))")
         .Item(kRight, 6, 40, "C,,,R,,")
         .Item(kUnaligned, 6, 46, "C,,,S,,")
         .Item(kBeforeLine, 4, 0, "C")
@@ -158,7 +158,7 @@ private:
     }
 };
 
-TYPED_TEST_SUITE(ItemAccess, RecordSetClasses);
+TYPED_TEST_SUITE(ItemAccess, RecordSetClasses, CRecordSetClassName);
 
 // --- What is answered before anything is looked at ------------------------------------------------------------------
 
@@ -450,6 +450,13 @@ TYPED_TEST(ItemAccess, LineEndsOfASavedFileAreNoText) {
     EXPECT_EQ(this->Text(kBehindLine), "");
 }
 
+TYPED_TEST(ItemAccess, ACreatedLineIsNoLongerThanAnyOther) {
+    this->LoadAll();
+    EXPECT_EQ(this->m_Records.WriteItem(kText, "ab"), kOk); // the line's buffer has two more blanks
+    EXPECT_EQ(this->Text(kOverEnd), "    ");
+    EXPECT_EQ(this->Text(kBehindLine), "");
+}
+
 TYPED_TEST(ItemAccess, ATextEndsAtItsFirstNul) {
     this->LoadAll();
     this->ReadLines("X1     ab\n"); // a line kept with NULs behind it
@@ -679,7 +686,9 @@ TYPED_TEST(ItemAccess, TextsLongerThanAnyItemAreRefused) {
         }
         EXPECT_EQ(this->m_Records.WriteItem(kListed, text.c_str()), kNotListed) << length;
         EXPECT_EQ(this->m_Records.WriteItem(kNumber, text.c_str()), kNotANumber) << length;
-        EXPECT_EQ(this->m_Records.WriteItem(kNumber, std::string(length, '1').c_str()) < 0, true) << length;
+        EXPECT_EQ(this->m_Records.WriteItem(kNumber, std::string(length, '1').c_str()),
+                  length < 300 ? kDoesNotFit : kNotANumber)
+            << length; // a double holds no number of 5000 digits
         EXPECT_EQ(this->m_Records.WriteItem(12015, text.c_str()), kWrongParts) << length;
         EXPECT_EQ(this->Stored(), before) << length;
     }

@@ -70,7 +70,7 @@ std::string NumberDescriptor(CChance& chance, int length) {
 
 std::string Descriptor(CChance& chance, int length) {
     static const char* const kTexts[] = {"C",       "U",         "C,,,R,,", "C,,,S,,",
-                                         "U,,,L,,", "C,\"abc\"", "C",       "C,,,,,(\"A\";\"BB\";\"\";\" \")"};
+                                         "U,,,L,,", "C,\"abc\"", "C",       R"(C,,,,,("A";"BB";"";" "))"};
     static const char* const kPatterns[] = {"DD.MM.YYYY", "YYYYMMDD",   "MM/YY", "YYMM",
                                             "DDMMYY",     "YYYY.MM.DD", "MMrYY", "MMYYYYDD"};
     switch (chance.Between(0, 3)) {
@@ -135,7 +135,7 @@ std::string Text(CChance& chance) {
     case 1:
         return chance.Bytes(chance.Between(0, 6), 'A', 'B');
     case 2:
-        return std::string(static_cast<std::size_t>(chance.Between(0, 12)), ' ');
+        return chance.Bytes(chance.Between(0, 12), ' ', ' ');
     case 3:
         return DateText(chance);
     case 4:
@@ -283,7 +283,7 @@ private:
     }
 };
 
-TYPED_TEST_SUITE(ItemProperty, RecordSetClasses);
+TYPED_TEST_SUITE(ItemProperty, RecordSetClasses, CRecordSetClassName);
 
 TYPED_TEST(ItemProperty, AWriteChangesItsItemOnlyAndAFailedOneNothing) {
     int written = 0;

@@ -14,7 +14,6 @@
 namespace {
 
 using namespace item_codes;
-using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
 constexpr int kNoMore = -5;
@@ -182,7 +181,7 @@ private:
     }
 };
 
-TYPED_TEST_SUITE(NumericItems, RecordSetClasses);
+TYPED_TEST_SUITE(NumericItems, RecordSetClasses, CRecordSetClassName);
 
 // --- What is answered first -----------------------------------------------------------------------------------------
 

@@ -435,6 +435,7 @@ TEST_F(CodeLists, BecomeTheValueListsOfTheRepairMethodItems) {
     EXPECT_THAT(Values("W4", 4515), ElementsAre("C"));
     EXPECT_THAT(Values("X6", 6015), ElementsAre("D", "E", "F G"));
     EXPECT_THAT(Values("W6", 6515), ElementsAre("H"));
+    EXPECT_THAT(Values("G9", 19225), ElementsAre("T7", "Z"));
     EXPECT_EQ(Definition("X4", 4025).Format, 'C');
     EXPECT_EQ(Definition("X4", 4025).HasValues, 1);
 }
@@ -619,6 +620,24 @@ TEST_F(CodeLists, ReachTheLayoutsOfRecordsCreatedLater) {
     EXPECT_THAT(Values("W6", 6515), ElementsAre("A", "B"));
     EXPECT_THAT(Values("G9", 19255), ElementsAre("K1", "K3"));
     EXPECT_THAT(Values("G9", 19270), ElementsAre("K3"));
+}
+
+TEST_F(CodeLists, ChangedInPlaceReachTheLayoutsOfRecordsCreatedLater) {
+    Load(TableWithValues());
+    (void)m_Records.UseX4New(1);
+    Create("X4");
+    Create("G9");
+    m_Records.DestroyAllRecords();
+    m_Records.GetX4RepArtList()->Add("Y");
+    m_Records.GetG9RepArtList()->Add("Z");
+    m_Records.GetG9MutationList()->Add("ZM");
+    m_Records.GetG9MutationKinds()->Add(3);
+    Create("X4");
+    Create("G9");
+    EXPECT_THAT(Values("X4", 4025), ElementsAre("T1", "T2", "Y"));
+    EXPECT_THAT(Values("G9", 19225), ElementsAre("T7", "Z"));
+    EXPECT_THAT(Values("G9", 19255), ElementsAre("P2", "P3", "ZM"));
+    EXPECT_THAT(Values("G9", 19270), ElementsAre("ZM"));
 }
 
 TEST_F(CodeLists, DecideWhichValuesCanBeWritten) {

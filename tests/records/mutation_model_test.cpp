@@ -31,6 +31,17 @@ const std::map<std::string, std::string> kAmountsRead = {
     {"       12.50", "0: 12.5"}, {"       -3.00", "0: -3"},   {"        0.00", "0: 0"},    {"999999999.99", "0: 1e+09"},
     {"        -4,5", "0: -4.5"}, {"        abc ", "-66: -1"}, {"            ", "-101: -1"}};
 
+/// Their fields.
+const std::vector<std::string> kAmountFields = [] {
+    std::vector<std::string> fields;
+    for (const auto& [field, read] : kAmountsRead) {
+        fields.push_back(field);
+    }
+    return fields;
+}();
+
+const std::string kBlankCell(kCell, ' ');
+
 /// The record as a list of entries, by the rules of the format alone.
 class CModel {
 public:
@@ -80,8 +91,7 @@ public:
         for (std::size_t index = 0; index < Lines.size() * kCells; ++index) {
             std::string& line = Lines[index / kCells];
             line.replace(0, kHeader, header);
-            line.replace(kHeader + index % kCells * kCell, kCell,
-                         index < cells.size() ? cells[index] : std::string(kCell, ' '));
+            line.replace(kHeader + index % kCells * kCell, kCell, index < cells.size() ? cells[index] : kBlankCell);
         }
     }
 
@@ -108,7 +118,7 @@ private:
             Entries.push_back({cell, {}, index});
         } else if (isMutation && !Entries.empty() && Entries.back().Mutations.size() < 3) {
             Entries.back().Mutations.push_back(cell);
-        } else if (cell != std::string(kCell, ' ')) {
+        } else if (cell != kBlankCell) {
             m_Skipped.emplace_back(Entries.size(), cell);
         }
     }
@@ -160,13 +170,13 @@ protected:
             return PositionCell(Any(kMethods), text, "  10", "1", text.substr(0, 3));
         case 2:
         case 3:
-            return Padded(Any(kAmountCodes), 3) + std::next(kAmountsRead.begin(), Below(kAmountsRead.size()))->first;
+            return Padded(Any(kAmountCodes), 3) + Any(kAmountFields);
         case 4:
             return TextsCell(Any(kTextCodes), text.substr(0, 2), text);
         case 5:
             return TextsCell(Any({"QQ", "e", " E", "EMX", "\xC4M", ""}), "", text);
         default:
-            return std::string(kCell, ' ');
+            return kBlankCell;
         }
     }
 
@@ -302,7 +312,7 @@ protected:
         const std::vector<CPart> parts = AnyParts();
         static const std::vector<std::size_t> kOffsets = {0, 3, 7, 11, 12};
         const bool isNew = m_Model.WriteAt >= m_Model.Entries.size();
-        std::string cell = isNew ? std::string(kCell, ' ') : m_Model.Entries[m_Model.WriteAt].Cell;
+        std::string cell = isNew ? kBlankCell : m_Model.Entries[m_Model.WriteAt].Cell;
         std::string call;
         int expected = 0;
         for (std::size_t part = 0; part < parts.size(); ++part) {

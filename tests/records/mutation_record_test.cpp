@@ -442,6 +442,23 @@ TEST_P(MutationRecord, ANewEntryNeedsARepairMethod) {
     EXPECT_THAT(SavedLines(), ElementsAre(Line({})));
 }
 
+TEST_P(MutationRecord, ANewEntryNeedsARepairMethodEvenWhenItsItemTakesAnyText) {
+    CTableBuilder table;
+    table.Section(Type().Name)
+        .Item(Key(), 3, 8, "C") // the first line of a section takes no list
+        .Item(Number(30), 4, 11, "C")
+        .Item(Number(35), 4, 15, "C")
+        .Item(Number(40), 1, 19, "C")
+        .Item(Number(45), 3, 20, "C");
+    Load(table);
+    ReadCells({Line({})});
+    EXPECT_EQ(Write("/aaaa/10/1/abc"), -55);
+    EXPECT_EQ(Write("  /aaaa/10/1/abc"), -55);
+    EXPECT_EQ(First(), -5);
+    EXPECT_EQ(Write("E/aaaa/10/1/abc"), 0);
+    EXPECT_THAT(SavedLines(), ElementsAre(Line({PositionCell("E", "aaaa", "10", "1", "abc")})));
+}
+
 TEST_P(MutationRecord, ANewEntryIsAddedWithoutThePartsThatFail) {
     ReadCells({Line({})});
     EXPECT_EQ(Write("E/aaaa/x/1/abc"), -66);
@@ -801,6 +818,20 @@ TEST_P(MutationRecord, ASearchComparesTheItemOfEveryEntryWithoutBlanksAtItsEnds)
     EXPECT_EQ(Item(Number(30)), "aaaa");
     EXPECT_EQ(m_Records.FindNext(), 0);
     EXPECT_EQ(m_Records.FindNext(), -4);
+}
+
+TEST_P(MutationRecord, ASearchGoesOnBehindTheEntryLastFoundWhereverTheCursorWent) {
+    ReadCells({Line({kLe, kE, kLe, kI, kLe})});
+    EXPECT_EQ(m_Records.FindFirst(Number(45), "d"), 1);
+    for (int step = 0; step < 4; ++step) {
+        ASSERT_EQ(Next(), 0);
+    }
+    EXPECT_EQ(m_Records.FindNext(), 1);
+    EXPECT_EQ(Next(), 0);
+    EXPECT_EQ(Item(Number(30)), "cccc");
+    EXPECT_EQ(First(), 0);
+    EXPECT_EQ(m_Records.FindNext(), 1);
+    EXPECT_EQ(Next(), -5);
 }
 
 TEST_P(MutationRecord, EveryItemOfThePositionCanBeSearched) {

@@ -379,6 +379,19 @@ TEST_F(OldMutationRecord, ASearchFindsEntriesByTheirItems) {
     EXPECT_EQ(Cursor(), std::pair(0, 7));
 }
 
+TEST_F(OldMutationRecord, ASearchGoesOnBehindTheEntryLastFoundWhereverTheCursorWent) {
+    ReadCells({Line({kLe, kE, kLe}), Line({kI, kLe})});
+    EXPECT_EQ(m_Records.FindFirst(4045, "d"), 1);
+    for (int step = 0; step < 4; ++step) {
+        ASSERT_EQ(Next(), 0);
+    }
+    EXPECT_EQ(m_Records.FindNext(), 1);
+    EXPECT_EQ(Cursor(), std::pair(0, 37));
+    EXPECT_EQ(First(), 0);
+    EXPECT_EQ(m_Records.FindNext(), 1);
+    EXPECT_EQ(Cursor(), std::pair(1, 22));
+}
+
 TEST_F(OldMutationRecord, ASearchForAMutationFindsTheEntriesThatCarryItsCode) {
     ReadCells({Line({kE, kEm, kLe, kIm, kTm}), Line({kI, kEm})});
     EXPECT_EQ(m_Records.FindFirst(8055, "TM"), 1);

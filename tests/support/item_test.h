@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -26,6 +27,14 @@ constexpr int kCut = -1000;
 } // namespace item_codes
 
 using RecordSetClasses = ::testing::Types<CAllRecords, CAllRecordsEx>;
+
+/// Names a test's class in the test's name.
+struct CRecordSetClassName {
+    template <typename RecordSet>
+    static std::string GetName(int /*index*/) {
+        return std::is_same_v<RecordSet, CAllRecords> ? "CAllRecords" : "CAllRecordsEx";
+    }
+};
 
 /// An operation by item number, with arguments that fit.
 template <typename RecordSet>
@@ -62,6 +71,7 @@ protected:
 
     std::vector<std::string> Types() const {
         std::vector<std::string> types;
+        types.reserve(static_cast<std::size_t>(m_Records.GetRecordCount()));
         for (int index = 0; index < m_Records.GetRecordCount(); ++index) {
             types.emplace_back(m_Records.GetRecord(index)->GetType());
         }
@@ -97,7 +107,7 @@ protected:
     std::string Text(int item) {
         std::string text(1024, '\0');
         const int result = m_Records.ReadItem(item, text.data(), static_cast<int>(text.size()));
-        return result == TABVEX_OK ? text.c_str() : std::to_string(result);
+        return result == TABVEX_OK ? text.substr(0, text.find('\0')) : std::to_string(result);
     }
 
     CTempFolder m_Folder;
