@@ -36,7 +36,7 @@ struct CRecordContext {
     CLinePool& PoolOf(int lineLength) { return lineLength == kLineLength ? Lines : LongLines; }
     /// The layout of a record type, from the table file and lists that are loaded now.
     const std::shared_ptr<const CLayout>& LayoutOf(int type);
-    /// To be called when the table file has changed, and when a code list has.
+    /// To be called when the table file has changed.
     void ForgetLayouts() { Layouts.fill(nullptr); }
 };
 

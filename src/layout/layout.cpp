@@ -105,6 +105,11 @@ void Put(char* line, int lineLength, int offset, std::string_view text) {
 CLayout::CLayout(std::shared_ptr<const CTableImage> image, std::string_view type, CLayoutCodes codes)
     : m_pImage(std::move(image)), m_strType(type), m_Codes(std::move(codes)) {}
 
+bool CLayout::IsMadeWith(const CLayoutCodes& codes) const {
+    const auto same = [](const auto& a, const auto& b) { return std::equal(a.begin(), a.end(), b.begin(), b.end()); };
+    return same(codes.All, m_Codes.All) && same(codes.Codes, m_Codes.Codes) && same(codes.Kinds, m_Codes.Kinds);
+}
+
 const CItemDef* CLayout::Find(int number) const {
     const auto& byNumber = Parsed().m_ByNumber;
     const auto place = static_cast<std::size_t>(static_cast<std::int64_t>(number) - m_nLowestNumber);

@@ -28,6 +28,8 @@ class CLayout {
 public:
     CLayout(std::shared_ptr<const CTableImage> image, std::string_view type, CLayoutCodes codes = {});
 
+    /// True when the layout takes its value lists from the same codes.
+    bool IsMadeWith(const CLayoutCodes& codes) const;
     /// TABVEX_OK; TABVEX_LAYOUT_BAD: no type, no section, an unreadable column, or a bad descriptor behind the first
     /// line; TABVEX_LAYOUT_BAD_FIRST: a bad descriptor on the first line. Items before the failure are in the layout.
     int GetResult() const { return Parsed().m_nResult; }

@@ -142,7 +142,6 @@ void CAllRecords::FillCodeLists() {
     FillRepairMethods(image, "X6", 6015, tabvex::kRepairMethodsB, lists.X6RepairMethods);
     FillRepairMethods(image, "W6", 6515, tabvex::kRepairMethodsB, lists.W6RepairMethods);
     FillMutations(image, "X4", 4055, 4070, lists.X4Mutations, lists.X4MutationKinds);
-    m_pState->Context.ForgetLayouts();
 }
 
 void CAllRecordsEx::FillCodeLists() {
@@ -158,13 +157,11 @@ void CAllRecordsEx::ReadRepArtAndMutList() {
 void CAllRecordsEx::ReadG9RepArtList() {
     FillRepairMethods(*m_pState->Context.Table.GetImage(), "G9", 19225, tabvex::kRepairMethodsA,
                       m_pState->Context.Lists.G9RepairMethods);
-    m_pState->Context.ForgetLayouts();
 }
 
 void CAllRecordsEx::ReadG9MutList() {
     CCodeLists& lists = m_pState->Context.Lists;
     FillMutations(*m_pState->Context.Table.GetImage(), "G9", 19255, 19270, lists.G9Mutations, lists.G9MutationKinds);
-    m_pState->Context.ForgetLayouts();
 }
 
 void CAllRecords::SetRepairMethodList(char* type, const char* list) {
@@ -184,7 +181,6 @@ void CAllRecords::SetRepairMethodList(char* type, const char* list) {
             }
         });
         *methods = std::move(parts);
-        m_pState->Context.ForgetLayouts();
         return TABVEX_OK;
     });
 }
@@ -239,7 +235,6 @@ void CAllRecords::ReplaceMutationList(const std::string& type, const char* list)
                                              : lists.G9MutationKinds;
     targetCodes = std::move(codes);
     targetKinds = std::move(kinds);
-    m_pState->Context.ForgetLayouts();
 }
 
 CStringArray* CAllRecords::GetX4RepArtList() {

@@ -24,7 +24,6 @@ int CAllRecords::UseX4New(int on) {
     tabvex::CRecordContext& context = m_pState->Context;
     const int before = context.X4NewForm ? 1 : 0;
     context.X4NewForm = on != 0;
-    context.ForgetLayouts();
     return before;
 }
 

@@ -29,7 +29,7 @@ public:
         if (m_pFile == nullptr) {
             return false;
         }
-        std::setvbuf(m_pFile, nullptr, _IONBF, 0);
+        static_cast<void>(std::setvbuf(m_pFile, nullptr, _IONBF, 0)); // a buffer more would do no harm
         // A directory opens on some systems; only reading tells.
         if (!Fill() && std::feof(m_pFile) == 0) {
             Close();
@@ -40,7 +40,7 @@ public:
 
     void Close() {
         if (m_pFile != nullptr) {
-            std::fclose(m_pFile);
+            static_cast<void>(std::fclose(m_pFile)); // nothing was written
             m_pFile = nullptr;
         }
         m_nNext = m_nEnd = m_nNextCr = 0;

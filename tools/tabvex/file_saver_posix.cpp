@@ -179,13 +179,13 @@ void WriteToDevice(const fs::path& path, const std::string& fileName, const std:
 } // namespace
 
 void SaveFile(const std::string& fileName, const std::string& bytes, const CSaveCheck& check) {
-    const fs::path path = FollowLinks(fileName);
     struct stat old = {};
-    const bool exists = stat(path.c_str(), &old) == 0;
+    const bool exists = stat(fileName.c_str(), &old) == 0;
     if (exists && !S_ISREG(old.st_mode)) {
-        WriteToDevice(path, fileName, bytes);
+        WriteToDevice(fileName, fileName, bytes); // a link to a pipe leads to no path
         return;
     }
+    const fs::path path = FollowLinks(fileName);
     Require(!exists || access(path.c_str(), W_OK) == 0, fileName);
     CTemporaryFile file(path.parent_path() / ".tabvex-XXXXXX");
     if (exists && AllowsNoNewFile(file.GetError())) {
