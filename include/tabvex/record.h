@@ -138,7 +138,7 @@ protected:
     /// Adds a line behind the others; AddLine without BeforeLinesChange.
     void AppendLine(std::string_view text);
 
-    char m_szType[8];
+    char m_szType[8] = {};
     int m_bGeneric = 0;
     int m_nLineLength = 128;
     std::vector<std::uint32_t> m_Lines; // numbers of the buffers in the record set's pool of lines
@@ -151,6 +151,7 @@ protected:
     tabvex::CRecordContext& m_Context;
 
 private:
+    std::size_t BufferSize() const;
     char* NewLine();
     void FetchAhead(int index) const;
 

@@ -43,7 +43,7 @@ CContinuationRule ContinuationRuleOf(std::string_view type) {
 
 } // namespace
 
-CRecord::CRecord(const char* type, tabvex::CRecordContext& context) : m_szType(), m_Context(context) {
+CRecord::CRecord(const char* type, tabvex::CRecordContext& context) : m_Context(context) {
     std::strncpy(m_szType, type, sizeof m_szType - 1);
 }
 
@@ -139,8 +139,12 @@ int CRecord::PrepareWrite() {
     return TABVEX_OK;
 }
 
+std::size_t CRecord::BufferSize() const {
+    return static_cast<std::size_t>(m_nLineLength) + kLineRoom;
+}
+
 int CRecord::ParseLine(const char* text) {
-    const std::size_t size = static_cast<std::size_t>(m_nLineLength + kLineRoom - 1);
+    const std::size_t size = BufferSize() - 1;
     if (text != nullptr) {
         return AddLine({text, strnlen(text, size)});
     }
@@ -158,7 +162,7 @@ int CRecord::AddLine(std::string_view text) {
 }
 
 void CRecord::AppendLine(std::string_view text) {
-    const std::size_t size = static_cast<std::size_t>(m_nLineLength + kLineRoom);
+    const std::size_t size = BufferSize();
     char* line = NewLine();
     const std::string_view kept = text.substr(0, std::min(text.find('\0'), size - 1));
     kept.copy(line, kept.size());

@@ -121,7 +121,7 @@ int CAllRecords::WriteAllRecords(char* buffer, int bufferSize, int lf) {
             return -length;
         }
         std::memset(buffer, 0, static_cast<std::size_t>(bufferSize) + 1);
-        std::memcpy(buffer, text.data(), text.size());
+        text.copy(buffer, text.size());
         return length;
     });
 }
