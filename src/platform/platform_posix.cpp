@@ -42,6 +42,8 @@ bool CFile::Create(const char* fileName) {
     return true;
 }
 
+// Reading and writing change the file, if not this object.
+// NOLINTNEXTLINE(readability-make-member-function-const)
 long CFile::Read(char* buffer, std::size_t size) {
     ssize_t count = 0;
     do {
@@ -50,6 +52,7 @@ long CFile::Read(char* buffer, std::size_t size) {
     return count;
 }
 
+// NOLINTNEXTLINE(readability-make-member-function-const)
 std::size_t CFile::Write(const char* data, std::size_t size) {
     std::size_t written = 0;
     while (written < size) {

@@ -53,9 +53,10 @@ bool CAllRecordsEx::KnowsType(int type) const {
 std::unique_ptr<CRecord> CAllRecords::NewRecord(int type) {
     CRecordContext& context = m_pState->Context;
     if (const tabvex::CMutationItems* items = tabvex::MutationItemsOf(tabvex::RecordTypeRow(type).Key)) {
-        const bool oldForm = type == kTypeX4 && !context.X4NewForm;
-        return oldForm ? std::unique_ptr<CRecord>(std::make_unique<tabvex::COldMutationRecord>(*items, context))
-                       : std::make_unique<tabvex::CMutationRecord>(*items, context);
+        if (type == kTypeX4 && !context.X4NewForm) {
+            return std::make_unique<tabvex::COldMutationRecord>(*items, context);
+        }
+        return std::make_unique<tabvex::CMutationRecord>(*items, context);
     }
     const tabvex::CGroupRows groups = tabvex::GroupRowsOf(tabvex::RecordTypeRow(type).Key);
     if (groups.Count != 0) {
@@ -69,8 +70,12 @@ std::unique_ptr<CRecord> CAllRecords::NewRecord(int type) {
 
 CRecord* CAllRecords::CreateRecord(int type, bool blankLine) {
     const int known = KnowsType(type) ? type : tabvex::kNoRecordType;
-    std::unique_ptr<CRecord> record =
-        known == tabvex::kNoRecordType ? std::make_unique<tabvex::CUnknownRecord>(m_pState->Context) : NewRecord(known);
+    std::unique_ptr<CRecord> record;
+    if (known == tabvex::kNoRecordType) {
+        record = std::make_unique<tabvex::CUnknownRecord>(m_pState->Context);
+    } else {
+        record = NewRecord(known);
+    }
     if (blankLine) {
         record->ParseLine(nullptr);
         record->FillDefaults(); // nothing without a layout
