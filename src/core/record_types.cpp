@@ -88,7 +88,7 @@ private:
     static constexpr bool IsDigit(char character) { return character >= '0' && character <= '9'; }
     static constexpr std::size_t RowOf(char first) { return first == 'W' ? 0 : 1; }
     static constexpr std::size_t NumberOf(char tens, char ones) {
-        return static_cast<std::size_t>((tens - '0') * 10 + (ones - '0'));
+        return static_cast<std::size_t>(tens - '0') * 10 + static_cast<std::size_t>(ones - '0');
     }
 
     std::array<std::array<std::int8_t, 100>, 2> m_Types = {};

@@ -91,7 +91,7 @@ int CTableFile::Open(const char* fileName) {
     return TABVEX_OK;
 }
 
-int CTableFile::ReadLines(const char* fileName, CTableImage& image) {
+int CTableFile::ReadLines(const char* fileName, CTableImage& image) const {
     if (m_Reader.FileName2(fileName) == kReaderCannotOpen) {
         return TABVEX_TABLE_CANNOT_OPEN;
     }

@@ -54,7 +54,7 @@ public:
     std::shared_ptr<const tabvex::CTableImage> GetImage() const { return m_pImage; }
 
 private:
-    int ReadLines(const char* fileName, tabvex::CTableImage& image);
+    int ReadLines(const char* fileName, tabvex::CTableImage& image) const;
 
     tabvex::CTableReaderLibrary m_Reader;
     std::shared_ptr<const tabvex::CTableImage> m_pImage;

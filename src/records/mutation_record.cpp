@@ -332,7 +332,7 @@ int CMutationRecord::AddMutation(std::string_view text) {
     if (entry->MutationCount == kMostMutations) {
         return TABVEX_MUTATION_FULL;
     }
-    CCell cell = BlankCell<CCell>();
+    auto cell = BlankCell<CCell>();
     const int result = MakeMutation(text, cell);
     if (result != TABVEX_OK) {
         return result;
@@ -470,8 +470,8 @@ void CMutationRecord::PutCells(const std::vector<const CCell*>& cells) {
     for (int line = 0; line < GetLineCount(); ++line) {
         PutIntoLine(line, 0, header);
         for (int i = 0; i < kCellsInLine; ++i) {
-            const auto index = static_cast<std::size_t>(line * kCellsInLine + i);
-            const CCell blank = BlankCell<CCell>();
+            const auto index = static_cast<std::size_t>(line) * kCellsInLine + static_cast<std::size_t>(i);
+            const auto blank = BlankCell<CCell>();
             PutIntoLine(line, CellOffset(i), TextOf(index < cells.size() ? *cells[index] : blank));
         }
     }
