@@ -114,7 +114,7 @@ public:
     /// Replaces the mutation codes and kinds of "X4" or "W4" (CAllRecordsEx: "G9" too) by the pairs code, kind, code,
     /// kind ... of `list`. An empty code is dropped, its kind is not: kept on purpose.
     void SetMutationList(char* type, const char* list);
-    /// The record set's own lists; they stay owned by it.
+    /// The record set's own lists; they stay owned by it. Null only when there is no memory to fill them.
     CStringArray* GetX4RepArtList();
     CStringArray* GetW4RepArtList();
     CStringArray* GetX6RepArtList();

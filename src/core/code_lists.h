@@ -1,28 +1,39 @@
 // The repair-method and mutation lists of a record set.
 #pragma once
 
+#include <array>
+#include <cstddef>
+#include <optional>
 #include <string_view>
 
 #include "layout/layout.h"
-#include "tabvex/arrays.h"
 
 namespace tabvex {
 
-struct CCodeLists {
-    CStringArray X4RepairMethods;
-    CStringArray W4RepairMethods;
-    CStringArray X6RepairMethods;
-    CStringArray W6RepairMethods;
-    CStringArray G9RepairMethods;
-    CStringArray X4Mutations;
-    CStringArray W4Mutations;
-    CStringArray G9Mutations;
-    CUIntArray X4MutationKinds; ///< kind i belongs to mutation i, unless a list given by a caller was out of step
-    CUIntArray W4MutationKinds;
-    CUIntArray G9MutationKinds;
-};
+/// The types that have lists. "X6" and "W6" have repair methods only.
+enum class EListType { X4, W4, X6, W6, G9 };
+inline constexpr std::array<std::string_view, 5> kListTypes = {"X4", "W4", "X6", "W6", "G9"}; // by EListType
 
-/// The lists that a type's layout takes its value lists from; none for most types, and for "X4" in its old form.
-CLayoutCodes LayoutCodesOf(std::string_view type, const CCodeLists& lists, bool x4NewForm);
+std::optional<EListType> ListTypeOf(std::string_view type);
+
+/// Fills the lists of one type from a table file.
+using CFillCodes = void (*)(const CTableImage& image, CLayoutCodes& codes);
+
+/// The lists of every type, each filled when it is first asked for, as few callers ask for any.
+class CCodeLists {
+public:
+    CLayoutCodes& Of(EListType type, const CTableImage& image);
+    /// To be called when the table file has changed: the lists of the type are to be filled anew. They are at once when
+    /// somebody may hold them.
+    void Refill(EListType type, CFillCodes fill, const CTableImage& image);
+
+private:
+    struct CTypeLists {
+        CLayoutCodes Codes;
+        CFillCodes Fill = nullptr; // not null: still to be called
+        bool Used = false;
+    };
+    std::array<CTypeLists, kListTypes.size()> m_Types;
+};
 
 } // namespace tabvex

@@ -36,8 +36,13 @@ struct CRecordContext {
     CLinePool& PoolOf(int lineLength) { return lineLength == kLineLength ? Lines : LongLines; }
     /// The layout of a record type, from the table file and lists that are loaded now.
     const std::shared_ptr<const CLayout>& LayoutOf(int type);
+    /// The code lists of a type.
+    CLayoutCodes& CodesOf(EListType type) { return Lists.Of(type, *Table.GetImage()); }
     /// To be called when the table file has changed.
     void ForgetLayouts() { Layouts.fill(nullptr); }
+
+private:
+    const CLayoutCodes& LayoutCodesOf(std::string_view key);
 };
 
 } // namespace tabvex

@@ -39,10 +39,8 @@ constexpr std::array<CDateLayout, 16> kDateLayouts = {{
 }};
 // clang-format on
 
-constexpr std::string_view kLetters = "DMY";
-
-bool IsSeparator(char c) {
-    return kLetters.find(c) == std::string_view::npos;
+constexpr bool IsSeparator(char c) {
+    return c != 'D' && c != 'M' && c != 'Y';
 }
 
 bool Holds(std::string_view format, std::string_view letters) {
@@ -50,18 +48,19 @@ bool Holds(std::string_view format, std::string_view letters) {
 }
 
 void FindSeparators(std::string_view format, CDateFormat& analysed) {
-    const std::size_t firstAt = format.find_first_not_of(kLetters);
-    const std::size_t lastAt = format.find_last_not_of(kLetters);
-    if (firstAt == std::string_view::npos) {
+    const auto* const first = std::find_if(format.begin(), format.end(), IsSeparator);
+    if (first == format.end()) {
         return;
     }
-    analysed.FirstSeparator = format[firstAt];
-    analysed.FirstSeparatorAt = static_cast<int>(firstAt);
-    if (lastAt == firstAt) {
+    analysed.FirstSeparator = *first;
+    analysed.FirstSeparatorAt = static_cast<int>(first - format.begin());
+    const auto last = std::find_if(format.rbegin(), format.rend(), IsSeparator);
+    const auto lastAt = static_cast<int>(format.rend() - last) - 1;
+    if (lastAt == analysed.FirstSeparatorAt) {
         return;
     }
-    analysed.SecondSeparator = format[lastAt];
-    analysed.SecondSeparatorAt = static_cast<int>(lastAt);
+    analysed.SecondSeparator = *last;
+    analysed.SecondSeparatorAt = lastAt;
 }
 
 std::string WithoutSeparators(std::string_view format) {

@@ -1,5 +1,6 @@
 #include "layout/descriptor_parser.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "layout/calendar.h"
@@ -18,8 +19,14 @@ constexpr std::size_t kMostModifiers = 6;
 constexpr std::size_t kFillLength = 3; // quote, character, quote
 constexpr std::size_t kDateLength = 10;
 
+// These texts are short: the library's searches, made for long ones, take longer to begin than to end.
 bool Holds(std::string_view text, char c) {
-    return text.find(c) != kNone;
+    return std::any_of(text.begin(), text.end(), [c](char in) { return in == c; });
+}
+
+std::size_t FindEither(std::string_view text, char a, char b) {
+    const auto* const found = std::find_if(text.begin(), text.end(), [a, b](char in) { return in == a || in == b; });
+    return found == text.end() ? kNone : static_cast<std::size_t>(found - text.begin());
 }
 
 bool IsQuoted(std::string_view text) {
@@ -199,8 +206,10 @@ bool CDescriptorParser::ReadModifiers() {
 
 // Leaves the blank or the comma behind the letters to be read.
 bool CDescriptorParser::ReadModifierLetters() {
-    const std::size_t count = m_strRest.find_first_not_of(kModifierLetters);
-    if (count == kNone || count == 0 || count > kMostModifiers || !Holds(" ,", m_strRest[count])) {
+    const auto* const end =
+        std::find_if(m_strRest.begin(), m_strRest.end(), [](char c) { return !Holds(kModifierLetters, c); });
+    const auto count = static_cast<std::size_t>(end - m_strRest.begin());
+    if (end == m_strRest.end() || count == 0 || count > kMostModifiers || !Holds(" ,", m_strRest[count])) {
         return false;
     }
     const std::string_view letters = m_strRest.substr(0, count);
@@ -241,7 +250,7 @@ bool CDescriptorParser::ReadRanges() {
 
 bool CDescriptorParser::ReadRange() {
     const std::size_t middleAt = m_strRest.find(';');
-    const std::size_t closeAt = m_strRest.find_first_of(">)");
+    const std::size_t closeAt = FindEither(m_strRest, '>', ')');
     if (closeAt == kNone || middleAt > closeAt || !Holds("<(", m_strRest.front())) {
         return false;
     }
@@ -264,6 +273,8 @@ bool CDescriptorParser::ReadValues() {
     if (!Skip('(')) {
         return false;
     }
+    const std::string_view values = m_strRest.substr(0, m_strRest.find(')'));
+    m_Item.Values.reserve(1 + static_cast<std::size_t>(std::count(values.begin(), values.end(), ';')));
     do {
         if (!ReadValue()) {
             return false;
@@ -274,7 +285,7 @@ bool CDescriptorParser::ReadValues() {
 
 // Leaves the semicolon or the bracket behind the value to be read.
 bool CDescriptorParser::ReadValue() {
-    const std::size_t endAt = m_strRest.find_first_of(";)");
+    const std::size_t endAt = FindEither(m_strRest, ';', ')');
     if (endAt == kNone) {
         return false;
     }

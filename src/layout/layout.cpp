@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <cstring>
 
+#include "layout/descriptor_parser.h"
 #include "layout/item_ranges.h"
 #include "layout/number_text.h"
 #include "tabvex/result_codes.h"
@@ -14,7 +15,7 @@ namespace tabvex {
 
 namespace {
 
-constexpr std::size_t kUsualItems = 16;
+constexpr std::size_t kUsualItems = 32;
 constexpr std::size_t kColumnSize = 500; // longer columns are cut
 
 enum EColumn { kNumberColumn, kLengthColumn, kPositionColumn, kDescriptorColumn };
@@ -199,11 +200,11 @@ int CLayout::ParseItem(CSectionCursor& cursor, bool first) {
     if (ReadColumn(cursor, kDescriptorColumn, column) < 0) {
         return TABVEX_LAYOUT_BAD;
     }
-    std::string descriptor(column);
-    if (!first) {
-        GenerateDescriptor(item.Number, descriptor);
+    std::string generated;
+    if (!first && GenerateDescriptor(item.Number, generated)) {
+        column = generated;
     }
-    if (item.ParseFormat(descriptor.c_str()) != TABVEX_OK) {
+    if (CDescriptorParser(column, item).Parse() != TABVEX_OK) {
         return first ? TABVEX_LAYOUT_BAD_FIRST : TABVEX_LAYOUT_BAD;
     }
     return TABVEX_OK;

@@ -12,8 +12,10 @@ namespace {
 
 constexpr auto kNone = std::string_view::npos;
 
-// The "C" locale's; std::isspace asks the process locale.
-constexpr std::string_view kWhiteSpace = " \t\n\v\f\r";
+// As in the "C" locale; std::isspace asks the process locale.
+constexpr bool IsWhiteSpace(char c) {
+    return c == ' ' || (c >= '\t' && c <= '\r');
+}
 
 const char* End(std::string_view text) {
     return text.data() + text.size();
@@ -25,7 +27,9 @@ bool IsDigit(char c) {
 
 // std::from_chars takes neither leading white space nor a plus sign.
 std::string_view FromSignOrDigit(std::string_view text) {
-    text.remove_prefix(std::min(text.find_first_not_of(kWhiteSpace), text.size()));
+    while (!text.empty() && IsWhiteSpace(text.front())) {
+        text.remove_prefix(1);
+    }
     const bool hasPlus = !text.empty() && text.front() == '+';
     if (hasPlus && text.substr(1, 1) != "-") {
         text.remove_prefix(1);

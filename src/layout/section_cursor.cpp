@@ -77,19 +77,35 @@ int CSectionCursor::GetColumn(int index, std::string_view& column) {
     if (m_nLine == CTableImage::kNone) {
         return TABVEX_COLUMN_BEYOND_LINE;
     }
-    std::string_view text = RawText();
-    for (; index > 0; --index) {
-        const std::size_t end = text.find(delimiter);
-        if (end == std::string_view::npos) {
-            return TABVEX_COLUMN_BEYOND_LINE;
-        }
-        text.remove_prefix(end + 1);
+    std::string_view text;
+    if (!FindColumn(index, text)) {
+        return TABVEX_COLUMN_BEYOND_LINE;
     }
     if (m_pImage->Header.Newline == 0) {
         return TABVEX_COLUMN_NO_NEWLINE;
     }
-    column = WithLineBreaks(text.substr(0, text.find(delimiter)));
+    column = WithLineBreaks(text);
     return static_cast<int>(column.size());
+}
+
+// Columns are mostly asked for in their order, so that each one goes on behind the one before.
+bool CSectionCursor::FindColumn(int index, std::string_view& column) {
+    if (m_Column.Line != m_nLine || m_Column.Index > index) {
+        m_Column = {m_nLine, 0, 0};
+    }
+    const char delimiter = m_pImage->Header.Delimiter;
+    std::string_view text = RawText().substr(m_Column.Begin);
+    std::size_t end = text.find(delimiter);
+    for (; m_Column.Index < index; ++m_Column.Index) {
+        if (end == std::string_view::npos) {
+            return false;
+        }
+        m_Column.Begin += end + 1;
+        text.remove_prefix(end + 1);
+        end = text.find(delimiter);
+    }
+    column = text.substr(0, end);
+    return true;
 }
 
 void CSectionCursor::SetCurrentLine(int index) {

@@ -42,6 +42,13 @@ public:
     void SetMode(ENewlineMode mode) { m_Mode = mode; }
 
 private:
+    struct CColumn {
+        int Line;
+        int Index;
+        std::size_t Begin; // in the line
+    };
+
+    bool FindColumn(int index, std::string_view& column);
     std::string_view RawText() const;
     std::string_view WithLineBreaks(std::string_view text);
     int TextLength();
@@ -49,7 +56,8 @@ private:
     const CTableImage* m_pImage;
     ENewlineMode m_Mode;
     int m_nLine = CTableImage::kNone;
-    std::string m_strText; // of a line or column with line breaks in it
+    CColumn m_Column = {CTableImage::kNone, 0, 0}; // last found
+    std::string m_strText;                         // of a line or column with line breaks in it
 };
 
 } // namespace tabvex

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cstring>
 
 #include "tabvex/result_codes.h"
 
@@ -18,16 +17,19 @@ constexpr int kReaderNoFirstLine = 1;
 constexpr std::size_t kHeaderLineSize = 500;
 
 // A reader may fill the whole buffer without ending the text; the byte behind it always does.
-using CReaderLine = std::array<char, tabvex::kReaderLineSize + 1>;
+static_assert(CTableImage::kLineSize >= tabvex::kReaderLineSize);
+struct CReaderLine {
+    alignas(tabvex::kWordSize) std::array<char, CTableImage::kLineRoom> Text = {};
+};
 
-std::string_view TextOf(const CReaderLine& line) {
-    return {line.data(), std::strlen(line.data())};
+bool IsPrintable(char c) {
+    return c >= ' ' && static_cast<unsigned char>(c) <= 127;
 }
 
 // The whole buffer counts, with what earlier lines have left behind this one's end; characters above 127 do not.
 bool IsBlank(const CReaderLine& line) {
-    const auto printable = [](char c) { return c >= ' ' && static_cast<unsigned char>(c) <= 127; };
-    return line.front() == '\0' || std::none_of(line.begin(), line.end() - 1, printable);
+    const char* const text = line.Text.data();
+    return *text == '\0' || (!IsPrintable(*text) && std::none_of(text, text + tabvex::kReaderLineSize, IsPrintable));
 }
 
 // False without a header. The heads are not indexed yet, as comments have not been cut. `last` is the last line read.
@@ -99,19 +101,19 @@ int CTableFile::ReadLines(const char* fileName, CTableImage& image) const {
     if (m_Reader.FileName2(fileName) == kReaderCannotRead) {
         return TABVEX_TABLE_CANNOT_READ;
     }
-    CReaderLine line = {};
-    if (m_Reader.GetFirstLine(line.data()) == kReaderNoFirstLine) {
+    CReaderLine line;
+    if (m_Reader.GetFirstLine(line.Text.data()) == kReaderNoFirstLine) {
         return TABVEX_TABLE_CANNOT_READ;
     }
     image.Reserve();
-    image.AddLine(TextOf(line)); // kept even when it is blank
+    image.AddLine(line.Text.data()); // kept even when it is blank
     int result = 0;
     do {
-        result = m_Reader.GetNextLine(line.data());
+        result = m_Reader.GetNextLine(line.Text.data());
         if (!IsBlank(line)) {
-            image.AddLine(TextOf(line));
+            image.AddLine(line.Text.data());
         }
-        line.front() = '\0';
+        line.Text.front() = '\0';
     } while (result == 0);
     return TABVEX_OK;
 }

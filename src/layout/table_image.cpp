@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "layout/ascii.h"
+#include "platform/char_word.h"
 
 namespace tabvex {
 
@@ -25,9 +26,9 @@ bool HoldsDataPrefix(std::string_view line) {
 }
 
 // The name between the brackets, trimmed; false when the line is no head. Any text may stand around the brackets.
-bool FindName(std::string_view line, std::string_view& name) {
-    const std::size_t open = line.find('[');
-    const std::size_t close = open == std::string_view::npos ? open : line.find(']');
+// `open` is the line's first opening bracket.
+bool FindName(std::string_view line, std::size_t open, std::string_view& name) {
+    const std::size_t close = line.find(']');
     if (close == std::string_view::npos || open > close) {
         return false;
     }
@@ -35,12 +36,17 @@ bool FindName(std::string_view line, std::string_view& name) {
     return true;
 }
 
-// FNV-1a, case ignored; goes on from the hash of what stands before.
-constexpr std::uint32_t Hash(std::string_view text, std::uint32_t hash = 2166136261U) {
-    for (const char character : text) {
-        hash = (hash ^ static_cast<unsigned char>(UpperCase(character))) * 16777619U;
+bool FindName(std::string_view line, std::string_view& name) {
+    const std::size_t open = line.find('[');
+    return open != std::string_view::npos && FindName(line, open, name);
+}
+
+// The last characters, case ignored, which tell most names apart; goes on from the key of what stands before.
+constexpr std::uint32_t KeyOf(std::string_view name, std::uint32_t key = 0) {
+    for (std::size_t i = name.size() < sizeof key ? 0 : name.size() - sizeof key; i < name.size(); ++i) {
+        key = key << 8U | static_cast<unsigned char>(UpperCase(name[i]));
     }
-    return hash;
+    return key;
 }
 
 } // namespace
@@ -50,13 +56,22 @@ void CTableImage::Reserve() {
     m_Lines.reserve(kUsualLines);
 }
 
-void CTableImage::AddLine(std::string_view line) {
-    if (m_nCapacity - m_nText < line.size()) {
-        Grow(std::max(m_nCapacity * 2, m_nText + line.size()));
+// Finds the line's end while copying it: lines are short, so that two passes would take twice as long.
+void CTableImage::AddLine(const char* line) {
+    if (m_nCapacity - m_nText < kLineRoom) {
+        Grow(std::max(m_nCapacity * 2, m_nText + kLineRoom));
     }
-    line.copy(m_pText.get() + m_nText, line.size());
-    m_Lines.push_back({static_cast<std::uint32_t>(m_nText), static_cast<std::uint32_t>(line.size())});
-    m_nText += line.size();
+    char* const text = m_pText.get() + m_nText;
+    std::size_t length = 0;
+    CCharWord end = 0;
+    for (; end == 0; length += kWordSize) {
+        const CCharWord word = LoadWord(line + length);
+        StoreWord(text + length, word);
+        end = MarkNul(word);
+    }
+    length = length - kWordSize + PlaceOf(end);
+    m_Lines.push_back({static_cast<std::uint32_t>(m_nText), static_cast<std::uint32_t>(length)});
+    m_nText += length;
 }
 
 void CTableImage::Grow(std::size_t capacity) {
@@ -81,7 +96,7 @@ void CTableImage::VisitLinesWith(char character, Visit visit) {
     const std::string_view text = GetText();
     auto line = m_Lines.begin();
     for (std::size_t at = text.find(character); at != std::string_view::npos;) {
-        line = std::partition_point(line, m_Lines.end(), [at](const CLine& l) { return l.Offset + l.Length <= at; });
+        line = std::find_if(line, m_Lines.end(), [at](const CLine& l) { return l.Offset + l.Length > at; });
         if (line == m_Lines.end()) {
             return; // what is left was cut off the last line
         }
@@ -116,10 +131,10 @@ void CTableImage::CutComments(char comment) {
 
 void CTableImage::IndexHeads() {
     m_Heads.clear();
-    VisitLinesWith('[', [this](int index, std::size_t /*at*/) {
+    VisitLinesWith('[', [this](int index, std::size_t at) {
         std::string_view name;
-        if (FindName(GetLine(index), name)) {
-            m_Heads.push_back({Hash(name), index});
+        if (FindName(GetLine(index), at, name)) {
+            m_Heads.push_back({KeyOf(name), index});
         }
     });
 }
@@ -135,10 +150,10 @@ int CTableImage::ScanForHead(std::string_view name) const {
 
 int CTableImage::FindHead(std::string_view name) const {
     const bool anyData = SameText(name, kDataPrefix);
-    const std::uint32_t plainHash = Hash(name);
-    const std::uint32_t dataHash = Hash(name, Hash(kDataPrefix));
+    const std::uint32_t plainKey = KeyOf(name);
+    const std::uint32_t dataKey = KeyOf(name, KeyOf(kDataPrefix));
     for (const CHead& head : m_Heads) {
-        const bool candidate = anyData || head.NameHash == plainHash || head.NameHash == dataHash;
+        const bool candidate = anyData || head.NameKey == plainKey || head.NameKey == dataKey;
         if (candidate && IsHeadOf(name, head.Line)) {
             return head.Line;
         }

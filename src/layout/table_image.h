@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "layout/table_header.h"
+#include "platform/char_word.h"
 
 namespace tabvex {
 
@@ -15,10 +16,13 @@ namespace tabvex {
 class CTableImage {
 public:
     static constexpr int kNone = -1;
+    static constexpr std::size_t kLineSize = 2000;
+    static constexpr std::size_t kLineRoom = kLineSize + kWordSize;
 
     /// Makes room for a table of the usual size.
     void Reserve();
-    void AddLine(std::string_view line);
+    /// Adds a line, which ends at its first NUL. `line` has kLineSize characters at most, and kLineRoom bytes.
+    void AddLine(const char* line);
     /// Removes the blanks that a line begins with.
     void TrimLineLeft(int index);
     /// Cuts every line at the comment character; a line that is then empty goes. Does nothing when `comment` is 0.
@@ -44,7 +48,7 @@ private:
         std::uint32_t Length;
     };
     struct CHead {
-        std::uint32_t NameHash; // case ignored
+        std::uint32_t NameKey; // tells most names apart, case ignored
         int Line;
     };
 

@@ -2,13 +2,17 @@
 
 #include <array>
 #include <cstdlib>
+#include <optional>
+#include <utility>
 
 #include "core/all_records.h"
 #include "layout/ascii.h"
 #include "layout/number_text.h"
 #include "records/default_codes.h"
 
-using tabvex::CCodeLists;
+using tabvex::CLayoutCodes;
+using tabvex::CTableImage;
+using tabvex::EListType;
 
 namespace {
 
@@ -19,7 +23,7 @@ constexpr std::size_t kLineSize = 500; // columns are cut there
 
 // Appends the value list of an item: the number of its values, kNoValues when section, line or a good descriptor is
 // missing.
-int AppendValues(const tabvex::CTableImage& image, const char* type, int item, CStringArray& values) {
+int AppendValues(const CTableImage& image, const char* type, int item, CStringArray& values) {
     tabvex::CSectionCursor cursor(image);
     for (int length = cursor.FindSection(type); length > 0; length = cursor.NextLine()) {
         std::string_view column;
@@ -34,8 +38,8 @@ int AppendValues(const tabvex::CTableImage& image, const char* type, int item, C
         if (definition.ParseFormat(std::string(column.substr(0, kLineSize)).c_str()) != TABVEX_OK) {
             return kNoValues;
         }
-        for (const std::string& value : definition.Values) {
-            values.Add(value);
+        for (std::string& value : definition.Values) {
+            values.Add(std::move(value));
         }
         return static_cast<int>(definition.Values.size());
     }
@@ -50,35 +54,33 @@ void AddAll(const std::array<const char*, Count>& codes, CStringArray& list) {
 }
 
 template <std::size_t Count>
-void AddAll(const std::array<tabvex::CMutationCode, Count>& mutations, CStringArray& codes, CUIntArray& kinds) {
+void AddAll(const std::array<tabvex::CMutationCode, Count>& mutations, CLayoutCodes& lists) {
     for (const tabvex::CMutationCode& mutation : mutations) {
-        codes.Add(mutation.Code);
-        kinds.Add(mutation.Kind);
+        lists.Codes.Add(mutation.Code);
+        lists.Kinds.Add(mutation.Kind);
     }
 }
 
-void AppendMutations(const tabvex::CTableImage& image, const char* type, int item, unsigned kind, CStringArray& codes,
-                     CUIntArray& kinds) {
-    AppendValues(image, type, item, codes);
-    while (kinds.GetSize() < codes.GetSize()) {
-        kinds.Add(kind);
+void AppendMutations(const CTableImage& image, const char* type, int item, unsigned kind, CLayoutCodes& lists) {
+    AppendValues(image, type, item, lists.Codes);
+    while (lists.Kinds.GetSize() < lists.Codes.GetSize()) {
+        lists.Kinds.Add(kind);
     }
 }
 
 // The two mutation items of "X4" and "G9".
-void FillMutations(const tabvex::CTableImage& image, const char* type, int numericItem, int twoPartItem,
-                   CStringArray& codes, CUIntArray& kinds) {
-    codes.RemoveAll();
-    kinds.RemoveAll();
-    AppendMutations(image, type, numericItem, kTableKind, codes, kinds);
-    AppendMutations(image, type, twoPartItem, kSecondTableKind, codes, kinds);
-    if (codes.GetSize() == 0) {
-        AddAll(tabvex::kMutationsC, codes, kinds);
+void FillMutations(const CTableImage& image, const char* type, int numericItem, int twoPartItem, CLayoutCodes& lists) {
+    lists.Codes.RemoveAll();
+    lists.Kinds.RemoveAll();
+    AppendMutations(image, type, numericItem, kTableKind, lists);
+    AppendMutations(image, type, twoPartItem, kSecondTableKind, lists);
+    if (lists.Codes.GetSize() == 0) {
+        AddAll(tabvex::kMutationsC, lists);
     }
 }
 
 template <std::size_t Count>
-void FillRepairMethods(const tabvex::CTableImage& image, const char* type, int item,
+void FillRepairMethods(const CTableImage& image, const char* type, int item,
                        const std::array<const char*, Count>& defaults, CStringArray& list) {
     list.RemoveAll();
     if (AppendValues(image, type, item, list) < 1) {
@@ -86,18 +88,50 @@ void FillRepairMethods(const tabvex::CTableImage& image, const char* type, int i
     }
 }
 
-void FillW4Lists(const tabvex::CTableImage& image, CCodeLists& lists) {
-    lists.W4RepairMethods.RemoveAll();
+void FillX4(const CTableImage& image, CLayoutCodes& lists) {
+    FillRepairMethods(image, "X4", 4025, tabvex::kRepairMethodsA, lists.All);
+    FillMutations(image, "X4", 4055, 4070, lists);
+}
+
+void FillW4(const CTableImage& image, CLayoutCodes& lists) {
+    lists.All.RemoveAll();
     // Only a reading that succeeds without values is replaced; a failed one leaves the list empty: kept on purpose.
-    if (AppendValues(image, "W4", 4515, lists.W4RepairMethods) == 0) {
-        AddAll(tabvex::kRepairMethodsA, lists.W4RepairMethods);
+    if (AppendValues(image, "W4", 4515, lists.All) == 0) {
+        AddAll(tabvex::kRepairMethodsA, lists.All);
     }
-    lists.W4Mutations.RemoveAll();
-    lists.W4MutationKinds.RemoveAll();
-    AppendMutations(image, "W4", 4555, kTableKind, lists.W4Mutations, lists.W4MutationKinds);
-    if (lists.W4Mutations.GetSize() == 0) {
-        AddAll(tabvex::kMutationsD, lists.W4Mutations, lists.W4MutationKinds);
+    lists.Codes.RemoveAll();
+    lists.Kinds.RemoveAll();
+    AppendMutations(image, "W4", 4555, kTableKind, lists);
+    if (lists.Codes.GetSize() == 0) {
+        AddAll(tabvex::kMutationsD, lists);
     }
+}
+
+void FillX6(const CTableImage& image, CLayoutCodes& lists) {
+    FillRepairMethods(image, "X6", 6015, tabvex::kRepairMethodsB, lists.All);
+}
+
+void FillW6(const CTableImage& image, CLayoutCodes& lists) {
+    FillRepairMethods(image, "W6", 6515, tabvex::kRepairMethodsB, lists.All);
+}
+
+void FillG9RepairMethods(const CTableImage& image, CLayoutCodes& lists) {
+    FillRepairMethods(image, "G9", 19225, tabvex::kRepairMethodsA, lists.All);
+}
+
+void FillG9Mutations(const CTableImage& image, CLayoutCodes& lists) {
+    FillMutations(image, "G9", 19255, 19270, lists);
+}
+
+void FillG9(const CTableImage& image, CLayoutCodes& lists) {
+    FillG9RepairMethods(image, lists);
+    FillG9Mutations(image, lists);
+}
+
+// A list as callers get it; one that there was no memory to fill is filled when it is asked for again.
+template <typename List>
+List* ListOf(tabvex::CRecordContext& context, EListType type, List CLayoutCodes::*list) {
+    return tabvex::Guarded([&]() -> List* { return &(context.CodesOf(type).*list); }, nullptr);
 }
 
 // Calls `take(number, part)` for every part of a text between delimiters; parts are numbered from 1.
@@ -119,49 +153,41 @@ void UpperCaseInPlace(char* text) {
     }
 }
 
-CStringArray* RepairMethodsOf(CCodeLists& lists, std::string_view type) {
-    if (type == "X4") {
-        return &lists.X4RepairMethods;
-    }
-    if (type == "W4") {
-        return &lists.W4RepairMethods;
-    }
-    if (type == "X6") {
-        return &lists.X6RepairMethods;
-    }
-    return type == "W6" ? &lists.W6RepairMethods : nullptr;
-}
-
 } // namespace
 
 void CAllRecords::FillCodeLists() {
-    CCodeLists& lists = m_pState->Context.Lists;
-    const tabvex::CTableImage& image = *m_pState->Context.Table.GetImage();
-    FillRepairMethods(image, "X4", 4025, tabvex::kRepairMethodsA, lists.X4RepairMethods);
-    FillW4Lists(image, lists);
-    FillRepairMethods(image, "X6", 6015, tabvex::kRepairMethodsB, lists.X6RepairMethods);
-    FillRepairMethods(image, "W6", 6515, tabvex::kRepairMethodsB, lists.W6RepairMethods);
-    FillMutations(image, "X4", 4055, 4070, lists.X4Mutations, lists.X4MutationKinds);
+    tabvex::CRecordContext& context = m_pState->Context;
+    const CTableImage& image = *context.Table.GetImage();
+    context.Lists.Refill(EListType::X4, FillX4, image);
+    context.Lists.Refill(EListType::W4, FillW4, image);
+    context.Lists.Refill(EListType::X6, FillX6, image);
+    context.Lists.Refill(EListType::W6, FillW6, image);
 }
 
 void CAllRecordsEx::FillCodeLists() {
-    ReadRepArtAndMutList();
+    CAllRecords::FillCodeLists();
+    m_pState->Context.Lists.Refill(EListType::G9, FillG9, *m_pState->Context.Table.GetImage());
 }
 
 void CAllRecordsEx::ReadRepArtAndMutList() {
-    CAllRecords::FillCodeLists();
-    ReadG9RepArtList();
-    ReadG9MutList();
+    tabvex::Guarded([this]() -> int {
+        FillCodeLists();
+        return TABVEX_OK;
+    });
 }
 
 void CAllRecordsEx::ReadG9RepArtList() {
-    FillRepairMethods(*m_pState->Context.Table.GetImage(), "G9", 19225, tabvex::kRepairMethodsA,
-                      m_pState->Context.Lists.G9RepairMethods);
+    tabvex::Guarded([this]() -> int {
+        FillG9RepairMethods(*m_pState->Context.Table.GetImage(), m_pState->Context.CodesOf(EListType::G9));
+        return TABVEX_OK;
+    });
 }
 
 void CAllRecordsEx::ReadG9MutList() {
-    CCodeLists& lists = m_pState->Context.Lists;
-    FillMutations(*m_pState->Context.Table.GetImage(), "G9", 19255, 19270, lists.G9Mutations, lists.G9MutationKinds);
+    tabvex::Guarded([this]() -> int {
+        FillG9Mutations(*m_pState->Context.Table.GetImage(), m_pState->Context.CodesOf(EListType::G9));
+        return TABVEX_OK;
+    });
 }
 
 void CAllRecords::SetRepairMethodList(char* type, const char* list) {
@@ -169,18 +195,18 @@ void CAllRecords::SetRepairMethodList(char* type, const char* list) {
         return;
     }
     UpperCaseInPlace(type);
-    CStringArray* methods = RepairMethodsOf(m_pState->Context.Lists, type);
-    if (methods == nullptr) {
-        return;
-    }
     tabvex::Guarded([&]() -> int {
+        const std::optional<EListType> listType = tabvex::ListTypeOf(type);
+        if (!listType.has_value() || listType == EListType::G9) {
+            return TABVEX_OK;
+        }
         CStringArray parts;
         SplitList(list, m_pState->Context.Delimiter, [&parts](int, std::string_view part) {
             if (!part.empty()) {
                 parts.Add(std::string(part));
             }
         });
-        *methods = std::move(parts);
+        m_pState->Context.CodesOf(*listType).All = std::move(parts);
         return TABVEX_OK;
     });
 }
@@ -228,55 +254,51 @@ void CAllRecords::ReplaceMutationList(const std::string& type, const char* list)
             codes.Add(std::string(part));
         }
     });
-    CCodeLists& lists = m_pState->Context.Lists;
-    CStringArray& targetCodes = type == "X4" ? lists.X4Mutations : type == "W4" ? lists.W4Mutations : lists.G9Mutations;
-    CUIntArray& targetKinds = type == "X4"   ? lists.X4MutationKinds
-                              : type == "W4" ? lists.W4MutationKinds
-                                             : lists.G9MutationKinds;
-    targetCodes = std::move(codes);
-    targetKinds = std::move(kinds);
+    CLayoutCodes& lists = m_pState->Context.CodesOf(*tabvex::ListTypeOf(type));
+    lists.Codes = std::move(codes);
+    lists.Kinds = std::move(kinds);
 }
 
 CStringArray* CAllRecords::GetX4RepArtList() {
-    return &m_pState->Context.Lists.X4RepairMethods;
+    return ListOf(m_pState->Context, EListType::X4, &CLayoutCodes::All);
 }
 
 CStringArray* CAllRecords::GetW4RepArtList() {
-    return &m_pState->Context.Lists.W4RepairMethods;
+    return ListOf(m_pState->Context, EListType::W4, &CLayoutCodes::All);
 }
 
 CStringArray* CAllRecords::GetX6RepArtList() {
-    return &m_pState->Context.Lists.X6RepairMethods;
+    return ListOf(m_pState->Context, EListType::X6, &CLayoutCodes::All);
 }
 
 CStringArray* CAllRecords::GetW6RepArtList() {
-    return &m_pState->Context.Lists.W6RepairMethods;
+    return ListOf(m_pState->Context, EListType::W6, &CLayoutCodes::All);
 }
 
 CStringArray* CAllRecords::GetX4MutationList() {
-    return &m_pState->Context.Lists.X4Mutations;
+    return ListOf(m_pState->Context, EListType::X4, &CLayoutCodes::Codes);
 }
 
 CStringArray* CAllRecords::GetW4MutationList() {
-    return &m_pState->Context.Lists.W4Mutations;
+    return ListOf(m_pState->Context, EListType::W4, &CLayoutCodes::Codes);
 }
 
 CUIntArray* CAllRecords::GetX4MutationKinds() {
-    return &m_pState->Context.Lists.X4MutationKinds;
+    return ListOf(m_pState->Context, EListType::X4, &CLayoutCodes::Kinds);
 }
 
 CUIntArray* CAllRecords::GetW4MutationKinds() {
-    return &m_pState->Context.Lists.W4MutationKinds;
+    return ListOf(m_pState->Context, EListType::W4, &CLayoutCodes::Kinds);
 }
 
 CStringArray* CAllRecordsEx::GetG9RepArtList() {
-    return &m_pState->Context.Lists.G9RepairMethods;
+    return ListOf(m_pState->Context, EListType::G9, &CLayoutCodes::All);
 }
 
 CStringArray* CAllRecordsEx::GetG9MutationList() {
-    return &m_pState->Context.Lists.G9Mutations;
+    return ListOf(m_pState->Context, EListType::G9, &CLayoutCodes::Codes);
 }
 
 CUIntArray* CAllRecordsEx::GetG9MutationKinds() {
-    return &m_pState->Context.Lists.G9MutationKinds;
+    return ListOf(m_pState->Context, EListType::G9, &CLayoutCodes::Kinds);
 }

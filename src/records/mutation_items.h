@@ -34,19 +34,15 @@ struct CMutationItems {
     std::array<int, 3> TwoPart;  ///< code, text 1, text 2
     std::array<int, 2> Split;    ///< code, value
     int MutationSearch;          ///< a search by this item number looks for the code of a mutation
-    CStringArray CCodeLists::*RepairMethods;
-    CStringArray CCodeLists::*Mutations;
-    CUIntArray CCodeLists::*Kinds;
+    EListType Lists;
 };
 
 // "G9" has no items of its own for split values: they are the numeric ones.
 // clang-format off
 inline constexpr std::array<CMutationItems, 2> kMutationItems = {{
 //   type, header,                position,                            numeric,        two-part,              split,          search, lists
-    {"X4", { 4000,  4005,  4010}, { 4025,  4030,  4035,  4040,  4045}, { 4055,  4060}, { 4070,  4075,  4080}, { 4085,  4090},  8055,
-     &CCodeLists::X4RepairMethods, &CCodeLists::X4Mutations, &CCodeLists::X4MutationKinds},
-    {"G9", {19200, 19205, 19210}, {19225, 19230, 19235, 19240, 19245}, {19255, 19260}, {19270, 19275, 19280}, {19255, 19260}, 38455,
-     &CCodeLists::G9RepairMethods, &CCodeLists::G9Mutations, &CCodeLists::G9MutationKinds},
+    {"X4", { 4000,  4005,  4010}, { 4025,  4030,  4035,  4040,  4045}, { 4055,  4060}, { 4070,  4075,  4080}, { 4085,  4090},  8055, EListType::X4},
+    {"G9", {19200, 19205, 19210}, {19225, 19230, 19235, 19240, 19245}, {19255, 19260}, {19270, 19275, 19280}, {19255, 19260}, 38455, EListType::G9},
 }};
 // clang-format on
 

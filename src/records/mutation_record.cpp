@@ -75,8 +75,9 @@ int CMutationRecord::Parse() {
         m_State = EState::Failed;
         return TABVEX_MUTATION_BAD_LINES;
     }
-    const CCodeTable repairMethods(m_Context.Lists.*m_Items.RepairMethods);
-    const CCodeTable mutations(m_Context.Lists.*m_Items.Mutations);
+    const CLayoutCodes& codes = m_Context.CodesOf(m_Items.Lists);
+    const CCodeTable repairMethods(codes.All);
+    const CCodeTable mutations(codes.Codes);
     const int current = m_nCurLine * kCellsInLine + (m_nCurOffset - kFirstCellOffset) / kCellLength;
     for (int index = 0; index < GetLineCount() * kCellsInLine; ++index) {
         ParseCell(CellText(index), index, repairMethods, mutations);
@@ -272,12 +273,12 @@ bool CMutationRecord::CarriesMutation(const CEntry& entry, std::string_view code
 
 // The first code of the list counts, and the kind at its place, whatever the two lists hold.
 bool CMutationRecord::FindKind(std::string_view code, unsigned& kind) const {
-    const CStringArray& codes = m_Context.Lists.*m_Items.Mutations;
-    const auto found = std::find(codes.begin(), codes.end(), code);
-    if (found == codes.end()) {
+    const CLayoutCodes& lists = m_Context.CodesOf(m_Items.Lists);
+    const auto found = std::find(lists.Codes.begin(), lists.Codes.end(), code);
+    if (found == lists.Codes.end()) {
         return false;
     }
-    kind = (m_Context.Lists.*m_Items.Kinds).GetAt(static_cast<int>(found - codes.begin()));
+    kind = lists.Kinds.GetAt(static_cast<int>(found - lists.Codes.begin()));
     return true;
 }
 

@@ -1,10 +1,16 @@
 // The table-line reader: delivers the lines of one text file through four C entry points.
 //
 // Line ends LF, CR LF and CR are removed. A line's buffer holds 2000 bytes; what lies behind character 1999 of a line
-// is dropped. One file at a time is open; nothing is locked.
+// is dropped, and what lies behind a line's end is left as it was. One file at a time is open; nothing is locked.
 
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
+
+#include "platform/char_word.h"
+
+using tabvex::CCharWord;
+using tabvex::kWordSize;
 
 #ifdef _WIN32
 #define TBLREAD_API extern "C" __declspec(dllexport)
@@ -15,26 +21,37 @@
 namespace {
 
 constexpr std::size_t kLineSize = 2000; // terminator included
+constexpr std::size_t kBlockSize = std::size_t{1} << 16;
 constexpr int kCannotOpen = 2;
 constexpr int kNoLine = 1;
+
+// Marks the first line end. Most words hold no control character at all, which one look tells.
+constexpr CCharWord MarkLineEnd(CCharWord word) {
+    constexpr unsigned char kBehindLineEnds = '\r' + 1;
+    return tabvex::HasBelow(word, kBehindLineEnds) == 0 ? 0 : tabvex::Mark(word, '\n') | tabvex::Mark(word, '\r');
+}
 
 // Reads a file in blocks and cuts it into lines.
 class CLineSource {
 public:
-    ~CLineSource() { Close(); }
-
+    // Told the name of the file that it stands at the beginning of, it stays there.
     bool Open(const char* fileName) {
+        if (m_pFile != nullptr && m_bAtBegin && std::strcmp(fileName, m_Name) == 0) {
+            return true;
+        }
         Close();
         m_pFile = std::fopen(fileName, "rb");
         if (m_pFile == nullptr) {
             return false;
         }
         static_cast<void>(std::setvbuf(m_pFile, nullptr, _IONBF, 0)); // a buffer more would do no harm
+        m_pBlock = static_cast<char*>(std::malloc(kBlockSize + kWordSize));
         // A directory opens on some systems; only reading tells.
-        if (!Fill() && std::feof(m_pFile) == 0) {
+        if (m_pBlock == nullptr || (!Fill() && std::feof(m_pFile) == 0)) {
             Close();
             return false;
         }
+        RememberName(fileName);
         return true;
     }
 
@@ -43,84 +60,124 @@ public:
             static_cast<void>(std::fclose(m_pFile)); // nothing was written
             m_pFile = nullptr;
         }
-        m_nNext = m_nEnd = m_nNextCr = 0;
-        m_bSkipLf = false;
+        std::free(m_pBlock);
+        m_pNext = m_pBlock = m_pEnd = nullptr;
+        m_bSkipLf = m_bAtBegin = false;
     }
 
     // The next line into `line` of kLineSize bytes; false when there is none.
     bool Next(char* line) {
-        line[0] = '\0';
+        m_bAtBegin = false;
         if (!SkipLfOfCrLf()) {
+            line[0] = '\0';
             return false;
         }
         std::size_t length = 0;
-        while (!TakePiece(line, length) && Fill()) {
+        while (!TakePiece(line, length)) {
+            if (!Fill()) {
+                line[length] = '\0';
+                return true;
+            }
         }
-        line[length] = '\0';
         return true;
     }
 
 private:
+    // A name that is too long is not remembered: the file is then opened again.
+    void RememberName(const char* fileName) {
+        const std::size_t size = std::strlen(fileName) + 1;
+        m_bAtBegin = size <= sizeof m_Name;
+        if (m_bAtBegin) {
+            std::memcpy(m_Name, fileName, size);
+        }
+    }
+
+    // The block is always followed by a line end, which stops the search for one.
     bool Fill() {
         if (m_pFile == nullptr) {
             return false;
         }
-        m_nNext = 0;
-        m_nEnd = std::fread(m_Block, 1, sizeof m_Block, m_pFile);
-        m_nNextCr = Find('\r', m_nEnd);
-        return m_nEnd > 0;
+        m_pNext = m_pBlock;
+        m_pEnd = m_pBlock + std::fread(m_pBlock, 1, kBlockSize, m_pFile);
+        tabvex::StoreWord(m_pEnd, tabvex::kEachCharacter * '\n');
+        return m_pEnd > m_pNext;
     }
 
     // Passes over the LF of a CR LF, of which the CR has ended the line before. False at the end of the file.
     bool SkipLfOfCrLf() {
-        if (m_nNext == m_nEnd && !Fill()) {
+        if (m_pNext == m_pEnd && !Fill()) {
             return false;
         }
-        if (m_bSkipLf && m_Block[m_nNext] == '\n') {
-            ++m_nNext;
+        if (m_bSkipLf && *m_pNext == '\n') {
+            ++m_pNext;
         }
         m_bSkipLf = false;
-        return m_nNext < m_nEnd || Fill();
+        return m_pNext < m_pEnd || Fill();
     }
 
-    // Appends what the block still has of the line; true when the line ends in this block.
+    // Appends what the block still has of the line. True, with the text ended, when the line ends in this block.
     bool TakePiece(char* line, std::size_t& length) {
-        const std::size_t end = LineEnd();
-        const std::size_t room = kLineSize - 1 - length;
-        const std::size_t size = end - m_nNext < room ? end - m_nNext : room;
-        std::memcpy(line + length, m_Block + m_nNext, size);
-        length += size;
-        m_nNext = end;
-        if (end == m_nEnd) {
+        const char* from = m_pNext;
+        char* to = line + length;
+        for (; to + kWordSize < line + kLineSize; from += kWordSize, to += kWordSize) {
+            const CCharWord word = tabvex::LoadWord(from);
+            const CCharWord mark = MarkLineEnd(word);
+            if (mark != 0) {
+                const std::size_t count = tabvex::PlaceOf(mark);
+                EndText(to, word, count);
+                length = static_cast<std::size_t>(to - line) + count;
+                return EndLine(from + count);
+            }
+            tabvex::StoreWord(to, word);
+        }
+        return TakeRest(line, to, from, length);
+    }
+
+    // The first `count` characters of the word and a NUL. What stands behind them in the line's buffer stays.
+    static void EndText(char* to, CCharWord word, std::size_t count) {
+        const CCharWord nul = CCharWord{255} << (count * 8);
+        const CCharWord before = (CCharWord{1} << (count * 8)) - 1;
+        tabvex::StoreWord(to, (word & before) | (tabvex::LoadWord(to) & ~(before | nul)));
+    }
+
+    // The end of a very long line, character by character.
+    bool TakeRest(char* line, char* to, const char* from, std::size_t& length) {
+        for (; *from != '\n' && *from != '\r'; ++from) {
+            if (to < line + kLineSize - 1) {
+                *to++ = *from;
+            }
+        }
+        *to = '\0';
+        length = static_cast<std::size_t>(to - line);
+        return EndLine(from);
+    }
+
+    // False when the line end is the one behind the block.
+    bool EndLine(const char* end) {
+        m_pNext = end;
+        if (end == m_pEnd) {
             return false;
         }
-        m_bSkipLf = m_Block[end] == '\r';
-        ++m_nNext;
+        m_bSkipLf = *end == '\r';
+        ++m_pNext;
         return true;
     }
 
-    // Where the line ends in the block, m_nEnd when it does not. The next CR is searched once, as most files have none.
-    std::size_t LineEnd() {
-        if (m_nNextCr < m_nNext) {
-            m_nNextCr = Find('\r', m_nEnd);
-        }
-        return Find('\n', m_nNextCr);
-    }
-
-    std::size_t Find(char character, std::size_t end) const {
-        const void* found = std::memchr(m_Block + m_nNext, character, end - m_nNext);
-        return found == nullptr ? end : static_cast<std::size_t>(static_cast<const char*>(found) - m_Block);
-    }
-
     std::FILE* m_pFile = nullptr;
-    std::size_t m_nNext = 0;
-    std::size_t m_nEnd = 0;
-    std::size_t m_nNextCr = 0; // the first CR at or behind m_nNext, m_nEnd without one
+    char* m_pBlock = nullptr;
+    const char* m_pNext = nullptr;
+    char* m_pEnd = nullptr;
     bool m_bSkipLf = false;
-    char m_Block[1 << 14] = {};
+    bool m_bAtBegin = false; // of the file that m_Name tells
+    char m_Name[260] = {};
 };
 
 CLineSource g_Source;
+
+// In place of a destructor, which would have to be registered whenever the library is loaded.
+__attribute__((destructor)) void CloseAtUnload() {
+    g_Source.Close();
+}
 
 } // namespace
 
@@ -133,17 +190,18 @@ TBLREAD_API int FileName2(const char* fileName) {
     return g_Source.Open(fileName) ? 0 : kCannotOpen;
 }
 
+static int TakeLine(char* line) {
+    return line != nullptr && g_Source.Next(line) ? 0 : kNoLine;
+}
+
 /// Delivers the first line into a buffer of 2000 bytes. 0, or 1 with an empty text when there is none.
 TBLREAD_API int GetFirstLine(char* line) {
-    if (line == nullptr) {
-        return kNoLine;
-    }
-    return g_Source.Next(line) ? 0 : kNoLine;
+    return TakeLine(line);
 }
 
 /// Delivers the next line into a buffer of 2000 bytes. 0, or 1 with an empty text at the end of the file.
 TBLREAD_API int GetNextLine(char* line) {
-    return GetFirstLine(line);
+    return TakeLine(line);
 }
 
 /// Closes the file; does nothing when none is open.
