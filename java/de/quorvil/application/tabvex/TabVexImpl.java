@@ -320,8 +320,8 @@ public class TabVexImpl {
      * Replaces the mutation codes of a type. Reports nothing, but -1 for null.
      *
      * @param kind "X4", "W4" or "G9", in upper or lower case; others are ignored
-     * @param list code, kind, code, kind ... between delimiters, such as "EM/0/TM/3": kind 3 has two texts, kind 7 a
-     *         split value, every other an amount
+     * @param list code, kind, code, kind ... between delimiters, such as "EM/1/TM/3": kind 3 has two texts, kind 7 a
+     *         split value, every other an amount. Mutations of kind 0 and 4, which the table gives, can be read only
      */
     public native void setMutationList(int handle, String kind, String list);
 
