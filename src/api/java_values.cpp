@@ -72,7 +72,7 @@ jstring NewText(JNIEnv* env, const char* text) {
 
 jbyteArray NewBytes(JNIEnv* env, const char* text) {
     const auto length = static_cast<jsize>(std::strlen(text));
-    const jbyteArray made = env->NewByteArray(length);
+    jbyteArray made = env->NewByteArray(length);
     if (made == nullptr) {
         env->ExceptionClear();
         return nullptr;
@@ -82,8 +82,8 @@ jbyteArray NewBytes(JNIEnv* env, const char* text) {
 }
 
 jmethodID FindMethod(JNIEnv* env, jobject object, const char* name, const char* signature) {
-    const jclass type = env->GetObjectClass(object);
-    const jmethodID method = env->GetMethodID(type, name, signature);
+    jclass type = env->GetObjectClass(object);
+    jmethodID method = env->GetMethodID(type, name, signature);
     if (method == nullptr) {
         env->ExceptionClear();
     }
@@ -93,7 +93,7 @@ jmethodID FindMethod(JNIEnv* env, jobject object, const char* name, const char* 
 
 /// Calls a method if the object's class has it; false when it threw.
 bool CallIfThere(JNIEnv* env, jobject object, const char* name, const char* signature, jvalue argument) {
-    const jmethodID method = FindMethod(env, object, name, signature);
+    jmethodID method = FindMethod(env, object, name, signature);
     if (method == nullptr) {
         return true;
     }
@@ -122,8 +122,8 @@ bool FillMutation(JNIEnv* env, jobject object, const CMutationTexts& mutation) {
 
 /// An object of the class, made without a constructor; null when the class is missing or takes no objects.
 jobject NewObject(JNIEnv* env, const char* className) {
-    const jclass type = env->FindClass(className);
-    const jobject made = type == nullptr ? nullptr : env->AllocObject(type);
+    jclass type = env->FindClass(className);
+    jobject made = type == nullptr ? nullptr : env->AllocObject(type);
     if (made == nullptr) {
         env->ExceptionClear();
     }
@@ -176,19 +176,19 @@ void SetError(JNIEnv* env, jobject object, int code) {
 }
 
 jstring ReportText(JNIEnv* env, jobject object, int result, const char* text) {
-    const jstring made = text == nullptr ? nullptr : NewText(env, text);
+    jstring made = text == nullptr ? nullptr : NewText(env, text);
     SetError(env, object, text != nullptr && made == nullptr ? TABVEX_INTERNAL_FAILURE : result);
     return made;
 }
 
 jbyteArray ReportBytes(JNIEnv* env, jobject object, int result, const char* text) {
-    const jbyteArray made = text == nullptr ? nullptr : NewBytes(env, text);
+    jbyteArray made = text == nullptr ? nullptr : NewBytes(env, text);
     SetError(env, object, text != nullptr && made == nullptr ? TABVEX_INTERNAL_FAILURE : result);
     return made;
 }
 
 jobject ReportMutation(JNIEnv* env, jobject object, const char* className, const CMutationTexts* mutation) {
-    const jobject made = mutation == nullptr ? nullptr : NewObject(env, className);
+    jobject made = mutation == nullptr ? nullptr : NewObject(env, className);
     const bool failed = made != nullptr && !FillMutation(env, made, *mutation);
     if (failed && env->ExceptionCheck() != JNI_FALSE) {
         return nullptr; // a setter threw
