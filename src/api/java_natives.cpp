@@ -1,5 +1,5 @@
-// The native methods of the Java class: each is one handle function; what it does is told there. A text that is not
-// given reports TABVEX_BAD_ARGUMENT, and nothing is called.
+// The native methods of the Java class: each is one handle function; what it does is told there. A null for a text
+// reports TABVEX_BAD_ARGUMENT and gives null, 0 or false; nothing is called.
 
 #include "api/application.h"
 #include "api/java_values.h"
@@ -223,7 +223,7 @@ JNIEXPORT jint JNICALL Java_de_quorvil_application_tabvex_TabVexImpl_findFirst(J
     const CJavaBytes sought(env, text);
     const int result = sought.IsHere() ? MifFindFirst(handle, item, sought.Get()) : sought.Code();
     SetError(env, self, result);
-    return sought.IsHere() ? result : 0;
+    return sought.IsNull() ? 0 : result;
 }
 
 JNIEXPORT jint JNICALL Java_de_quorvil_application_tabvex_TabVexImpl_findNext(JNIEnv* env, jobject self, jint handle) {
@@ -302,7 +302,7 @@ JNIEXPORT jint JNICALL Java_de_quorvil_application_tabvex_TabVexImpl_deleteX4Mut
     const CJavaBytes text(env, code);
     const int result = text.IsHere() ? MifDeleteOneX4Mutation(handle, text.Get()) : text.Code();
     SetError(env, self, result);
-    return text.IsHere() ? result : 0;
+    return text.IsNull() ? 0 : result;
 }
 
 JNIEXPORT jint JNICALL Java_de_quorvil_application_tabvex_TabVexImpl_deleteG9Mutation(JNIEnv* env, jobject self,
@@ -310,7 +310,7 @@ JNIEXPORT jint JNICALL Java_de_quorvil_application_tabvex_TabVexImpl_deleteG9Mut
     const CJavaBytes text(env, code);
     const int result = text.IsHere() ? MifDeleteOneG9Mutation(handle, text.Get()) : text.Code();
     SetError(env, self, result);
-    return text.IsHere() ? result : 0;
+    return text.IsNull() ? 0 : result;
 }
 
 JNIEXPORT jboolean JNICALL Java_de_quorvil_application_tabvex_TabVexImpl_useX4New(JNIEnv* env, jobject self,

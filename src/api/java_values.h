@@ -21,6 +21,7 @@ public:
 
     /// True when there is a copy; otherwise Code tells why not.
     bool IsHere() const { return m_nCode == TABVEX_OK; }
+    bool IsNull() const { return m_nCode == TABVEX_BAD_ARGUMENT; }
     /// TABVEX_OK; TABVEX_BAD_ARGUMENT for null; TABVEX_INTERNAL_FAILURE without memory.
     int Code() const { return m_nCode; }
     char* Get() const { return m_pBytes.get(); }
