@@ -1,0 +1,25 @@
+# tabvex_jni_headers: where jni.h and jni_md.h are, for the library's Java native methods. They are compiled against
+# these headers only; nothing of a Java virtual machine is linked. A build for another system than this one names its
+# folders itself, because jni_md.h differs between systems: that of Linux would let the native methods vanish from a DLL.
+set(TABVEX_JNI_INCLUDE_DIRS "" CACHE STRING "Folders of jni.h and jni_md.h; empty: those of the JDK that is found")
+set(folders ${TABVEX_JNI_INCLUDE_DIRS})
+if(NOT folders)
+  if(NOT JAVA_HOME AND NOT DEFINED ENV{JAVA_HOME})
+    # The JDK that the shell would use; CMake by itself looks into few folders.
+    find_program(TABVEX_JAVAC javac)
+    mark_as_advanced(TABVEX_JAVAC)
+    if(TABVEX_JAVAC)
+      file(REAL_PATH ${TABVEX_JAVAC} JAVA_HOME)
+      cmake_path(GET JAVA_HOME PARENT_PATH JAVA_HOME)
+      cmake_path(GET JAVA_HOME PARENT_PATH JAVA_HOME)
+    endif()
+  endif()
+  # Not REQUIRED: a JDK without its desktop libraries has the headers all the same.
+  find_package(JNI QUIET)
+  set(folders ${JAVA_INCLUDE_PATH} ${JAVA_INCLUDE_PATH2})
+  if("${folders}" MATCHES NOTFOUND OR NOT folders)
+    message(FATAL_ERROR "jni.h not found: install a JDK, or set JAVA_HOME or TABVEX_JNI_INCLUDE_DIRS")
+  endif()
+endif()
+add_library(tabvex_jni_headers INTERFACE)
+target_include_directories(tabvex_jni_headers SYSTEM INTERFACE ${folders})

@@ -1,0 +1,52 @@
+package tabvex.tests;
+
+import de.quorvil.application.tabvex.TabVexImpl;
+import java.lang.reflect.InvocationTargetException;
+import java.lang.reflect.Method;
+import java.lang.reflect.Modifier;
+import java.util.Arrays;
+import java.util.Comparator;
+import java.util.Map;
+import java.util.Set;
+import java.util.stream.Stream;
+
+/** The native methods that the class declares, called with made-up arguments. */
+final class NativeMethods {
+    /** Those that report nothing when their arguments are there. */
+    static final Set<String> SILENT =
+            Set.of("createInstance", "destroyInstance", "setMutationList", "setRepairMethodList");
+
+    private static final Map<Class<?>, Object> ARGUMENTS = Map.of(int.class, 1, boolean.class, true, char.class, '/',
+            double.class, 1.0, String.class, "X1", byte[].class, new byte[] {'x'});
+
+    private NativeMethods() {}
+
+    static Stream<Method> all() {
+        return Arrays.stream(TabVexImpl.class.getDeclaredMethods())
+                .filter(m -> Modifier.isNative(m.getModifiers()))
+                .sorted(Comparator.comparing(Method::getName));
+    }
+
+    static Object[] arguments(Method method, int handle) {
+        Object[] arguments = Arrays.stream(method.getParameterTypes()).map(ARGUMENTS::get).toArray();
+        if (arguments.length > 0) {
+            arguments[0] = handle;
+        }
+        return arguments;
+    }
+
+    /** Calls a method; what it throws comes out as it is. */
+    static Object call(Method method, Object object, Object... arguments) throws Throwable {
+        try {
+            return method.invoke(object, arguments);
+        } catch (InvocationTargetException thrown) {
+            throw thrown.getCause();
+        }
+    }
+
+    /** True for what a method gives that gives nothing: null, 0 or false. */
+    static boolean isNothing(Object result) {
+        return result == null || result.equals(false) || result.equals('\0')
+                || result instanceof Number && ((Number) result).doubleValue() == 0;
+    }
+}
