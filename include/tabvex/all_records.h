@@ -293,8 +293,12 @@ private:
     CRecord* GetOrCreateRecordOfItem(int item);
     void RefreshNumbering(const CRecord& record);
     void RemoveRecords(bool (*condemned)(const CRecord& record, const char* type), const char* type);
-    int ReadFixedRecords(const char* fileName);
+    void RemoveRecordsFrom(std::size_t count);
+    void ReleaseLines(const CRecord& record);
+    int ReadFixedRecords(const char* fileName, bool parse);
+    int AddFixedRecords(CLineFile& file);
     int ReadVariableLines(const char* fileName);
+    int AddVariableLines(CLineFile& file);
     int StepTo(int item, int (CRecord::*step)(int item));
     int ReadText(int item, bool charactersOnly, char* buffer, int size);
     template <typename Parse>

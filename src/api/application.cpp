@@ -1,5 +1,8 @@
 #include "api/application.h"
 
+#include <limits>
+#include <stdexcept>
+
 namespace tabvex {
 
 namespace {
@@ -15,15 +18,23 @@ CApplication& Application() {
 }
 
 int CMifRegistry::Create() {
+    if (m_nLastHandle > std::numeric_limits<int>::max() - kHandleStep) {
+        throw std::length_error("handles");
+    }
     const int handle = m_nLastHandle + kHandleStep;
-    m_Instances.emplace_hint(m_Instances.end(), handle, std::make_unique<CMifInstance>(handle));
+    std::list<CMifInstance> created;
+    created.emplace_back(handle);
+    m_ByHandle.emplace(handle, created.begin());
+    m_Instances.splice(m_Instances.end(), created); // the iterator stays good
     m_nLastHandle = handle;
     return handle;
 }
 
 void CMifRegistry::Destroy(int handle) {
     if (const CMifInstance* instance = Find(handle)) {
-        m_Instances.erase(instance->nHandle);
+        const auto found = m_ByHandle.find(instance->nHandle);
+        m_Instances.erase(found->second);
+        m_ByHandle.erase(found);
     }
 }
 
@@ -31,8 +42,8 @@ CMifInstance* CMifRegistry::Find(int handle) {
     if (m_Instances.empty()) {
         return nullptr;
     }
-    const auto found = m_Instances.find(handle);
-    return (found == m_Instances.end() ? m_Instances.rbegin()->second : found->second).get();
+    const auto found = m_ByHandle.find(handle);
+    return found == m_ByHandle.end() ? &m_Instances.back() : &*found->second;
 }
 
 } // namespace tabvex

@@ -2,8 +2,8 @@
 // handle functions.
 #pragma once
 
-#include <map>
-#include <memory>
+#include <list>
+#include <unordered_map>
 
 #include "core/guard.h"
 #include "tabvex/all_records.h"
@@ -21,7 +21,8 @@ struct CMifInstance {
 
 class CMifRegistry {
 public:
-    /// Creates an instance; its handle, 4 more than that of the one before, which is never used again.
+    /// Creates an instance; its handle, 4 more than that of the one before, which is never used again. Throws when there
+    /// is no memory or no handle left.
     int Create();
     /// Destroys the instance that Find gives.
     void Destroy(int handle);
@@ -30,7 +31,8 @@ public:
     CMifInstance* Find(int handle);
 
 private:
-    std::map<int, std::unique_ptr<CMifInstance>> m_Instances; // in the order of creation
+    std::list<CMifInstance> m_Instances; // in the order of creation
+    std::unordered_map<int, std::list<CMifInstance>::iterator> m_ByHandle;
     int m_nLastHandle = 0;
 };
 

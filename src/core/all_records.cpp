@@ -47,12 +47,20 @@ void CAllRecords::DestroyKnownRecordsOnly() {
 void CAllRecords::RemoveRecords(bool (*condemned)(const CRecord& record, const char* type), const char* type) {
     m_pState->Find = {};
     m_pState->Store.Remove([&](const CRecord& record) { return condemned(record, type); },
-                           [this](CRecord& record) {
-                               tabvex::CLinePool& pool = m_pState->Context.PoolOf(record.m_nLineLength);
-                               for (const std::uint32_t line : record.m_Lines) {
-                                   pool.Give(line);
-                               }
-                           });
+                           [this](const CRecord& record) { ReleaseLines(record); });
+}
+
+void CAllRecords::RemoveRecordsFrom(std::size_t count) {
+    std::size_t index = 0;
+    m_pState->Store.Remove([&](const CRecord&) { return index++ >= count; },
+                           [this](const CRecord& record) { ReleaseLines(record); });
+}
+
+void CAllRecords::ReleaseLines(const CRecord& record) {
+    tabvex::CLinePool& pool = m_pState->Context.PoolOf(record.m_nLineLength);
+    for (const std::uint32_t line : record.m_Lines) {
+        pool.Give(line);
+    }
 }
 
 CRecord* CAllRecords::ExistRecord(const char* type) {

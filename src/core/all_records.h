@@ -5,8 +5,15 @@
 #include "core/record_set_state.h"
 #include "tabvex/all_records.h"
 
-/// Runs an operation that needs a loaded table; nothing thrown leaves it.
+/// Runs an operation that needs a loaded table; nothing thrown leaves it, and record objects that it has added by then
+/// are taken back.
 template <typename Operation>
 int CAllRecords::WithTable(Operation operation) {
-    return tabvex::Guarded([&]() -> int { return m_pState->TableLoaded ? operation() : TABVEX_NO_TABLE; });
+    const std::size_t count = m_pState->Store.All().size();
+    try {
+        return m_pState->TableLoaded ? operation() : TABVEX_NO_TABLE;
+    } catch (...) {
+        RemoveRecordsFrom(count);
+        return TABVEX_INTERNAL_FAILURE;
+    }
 }

@@ -2,6 +2,7 @@
 
 #include <cstring>
 #include <new>
+#include <utility>
 
 namespace tabvex {
 
@@ -29,8 +30,9 @@ std::uint32_t CLinePool::Take() {
 
 void CLinePool::AddBlock() {
     const std::size_t blockSize = m_nLineSize << m_nBlockShift;
+    m_Blocks.reserve(m_Blocks.size() < m_Blocks.capacity() ? 0 : m_Blocks.size() * 2 + 1); // a block is not lost for want of its entry
     if (m_Blocks.size() < kSmallBlocks) {
-        m_SmallBlocks.emplace_back(new char[blockSize]);
+        m_SmallBlocks.push_back(std::unique_ptr<char[]>(new char[blockSize]));
         m_Blocks.push_back(m_SmallBlocks.back().get());
         return;
     }
@@ -53,6 +55,16 @@ void CLinePool::Clear() {
     m_LargeMemory.clear();
     m_nLines = 0;
     m_nFree = kNoLine;
+}
+
+void CLinePool::Swap(CLinePool& other) noexcept {
+    std::swap(m_nLineSize, other.m_nLineSize);
+    std::swap(m_nBlockShift, other.m_nBlockShift);
+    m_Blocks.swap(other.m_Blocks);
+    m_SmallBlocks.swap(other.m_SmallBlocks);
+    m_LargeMemory.swap(other.m_LargeMemory);
+    std::swap(m_nLines, other.m_nLines);
+    std::swap(m_nFree, other.m_nFree);
 }
 
 } // namespace tabvex

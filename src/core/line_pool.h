@@ -29,6 +29,7 @@ public:
     void Give(std::uint32_t line);
     /// Frees every buffer.
     void Clear();
+    void Swap(CLinePool& other) noexcept;
 
 private:
     static constexpr std::uint32_t kNoLine = UINT32_MAX;

@@ -11,7 +11,7 @@ int CAllRecords::ReadAllRecords(const char* fileName) {
     if (fileName == nullptr) {
         return TABVEX_BAD_ARGUMENT;
     }
-    const int result = tabvex::Guarded([&] { return ReadFixedRecords(fileName); });
+    const int result = tabvex::Guarded([&] { return ReadFixedRecords(fileName, false); });
     return result == TABVEX_OK ? TABVEX_READ_SUCCEEDED : TABVEX_READ_FAILED;
 }
 
@@ -19,15 +19,7 @@ int CAllRecords::ReadAllRecordsEx(const char* fileName) {
     if (fileName == nullptr) {
         return TABVEX_BAD_ARGUMENT;
     }
-    return tabvex::Guarded([&] {
-        const int result = ReadFixedRecords(fileName);
-        if (result == TABVEX_OK) {
-            for (const auto& record : m_pState->Store.All()) {
-                record->PostRead();
-            }
-        }
-        return result;
-    });
+    return tabvex::Guarded([&] { return ReadFixedRecords(fileName, true); });
 }
 
 int CAllRecords::ReadAll_V_Records(const char* fileName) {
@@ -37,14 +29,25 @@ int CAllRecords::ReadAll_V_Records(const char* fileName) {
     return tabvex::Guarded([&] { return ReadVariableLines(fileName); }, TABVEX_READ_FAILED);
 }
 
-int CAllRecords::ReadFixedRecords(const char* fileName) {
+int CAllRecords::ReadFixedRecords(const char* fileName, bool parse) {
     SetRecNums("*", 1);
     CLineFile file;
     if (file.Open(fileName, true, kRecordLength) != TABVEX_OK) {
         return TABVEX_READ_CANNOT_OPEN;
     }
     file.DetectCrLf();
-    DestroyAllRecords();
+    return m_pState->Refill([&] {
+        const int result = AddFixedRecords(file);
+        if (parse && result == TABVEX_OK) {
+            for (const auto& record : m_pState->Store.All()) {
+                record->PostRead();
+            }
+        }
+        return result;
+    });
+}
+
+int CAllRecords::AddFixedRecords(CLineFile& file) {
     std::string_view line;
     for (int length = file.ReadRecord(line); length != TABVEX_FILE_END; length = file.ReadRecord(line)) {
         if (length < kRecordLength) {
@@ -64,7 +67,10 @@ int CAllRecords::ReadVariableLines(const char* fileName) {
     if (file.Open(fileName, true, 1) != TABVEX_OK) {
         return TABVEX_READ_FAILED;
     }
-    DestroyAllRecords();
+    return m_pState->Refill([&] { return AddVariableLines(file); });
+}
+
+int CAllRecords::AddVariableLines(CLineFile& file) {
     // Bytes of longer lines stay behind a shorter one and may complete its type: kept on purpose.
     std::string buffer(tabvex::kRecordLengthCrLf, ' ');
     std::string line;

@@ -19,9 +19,13 @@ inline constexpr int kLineRoom = 3;
 inline constexpr int kLineLength = 128;
 inline constexpr int kLongLineLength = 640; // "FZ"
 
+/// Lines in a block of memory: 2 to this power.
+inline constexpr unsigned kLinesShift = 8;
+inline constexpr unsigned kLongLinesShift = 3;
+
 struct CRecordContext {
-    CLinePool Lines{kLineLength + kLineRoom, 8};
-    CLinePool LongLines{kLongLineLength + kLineRoom, 3};
+    CLinePool Lines{kLineLength + kLineRoom, kLinesShift};
+    CLinePool LongLines{kLongLineLength + kLineRoom, kLongLinesShift};
     CTableFile Table;
     std::array<std::shared_ptr<const CLayout>, kRecordTypeCount> Layouts; // by record type; filled on demand
     CCodeLists Lists;

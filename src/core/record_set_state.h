@@ -3,6 +3,7 @@
 
 #include <memory>
 #include <string>
+#include <utility>
 
 #include "core/collating_table.h"
 #include "core/record_context.h"
@@ -19,6 +20,14 @@ struct CFindState {
     std::string Text;
 };
 
+/// The records and what depends on them.
+struct CHeldRecords {
+    CLinePool Lines{kLineLength + kLineRoom, kLinesShift};
+    CLinePool LongLines{kLongLineLength + kLineRoom, kLongLinesShift};
+    CRecordStore Store;
+    CFindState Find;
+};
+
 struct CRecordSetState {
     CRecordContext Context; // before the store: records refer to it
     CRecordStore Store;
@@ -27,6 +36,28 @@ struct CRecordSetState {
     CFindState Find;
     CCollatingTable CollatingTable;
     int SaveErrors = 0;
+
+    /// Runs an operation that fills the store anew. The records there were go when it is done; they are back when it
+    /// throws.
+    template <typename Operation>
+    auto Refill(Operation operation) {
+        CHeldRecords before;
+        Swap(before);
+        try {
+            return operation();
+        } catch (...) {
+            Swap(before);
+            throw;
+        }
+    }
+
+private:
+    void Swap(CHeldRecords& other) noexcept {
+        Context.Lines.Swap(other.Lines);
+        Context.LongLines.Swap(other.LongLines);
+        Store.Swap(other.Store);
+        std::swap(Find, other.Find);
+    }
 };
 
 } // namespace tabvex

@@ -26,6 +26,12 @@ void CRecordStore::Clear() {
     IndexAll();
 }
 
+void CRecordStore::Swap(CRecordStore& other) noexcept {
+    m_Records.swap(other.m_Records);
+    m_ByType.swap(other.m_ByType);
+    std::swap(m_pFirstGeneric, other.m_pFirstGeneric);
+}
+
 void CRecordStore::IndexAll() {
     m_ByType.fill(nullptr);
     m_pFirstGeneric = nullptr;

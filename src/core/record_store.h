@@ -28,6 +28,7 @@ public:
     const std::vector<std::unique_ptr<CRecord>>& All() const { return m_Records; }
     /// Destroys every record object.
     void Clear();
+    void Swap(CRecordStore& other) noexcept;
     /// Destroys the record objects for which `condemned(record)` holds, after `release(record)`; the others keep their
     /// order.
     template <typename Condemned, typename Release>

@@ -96,21 +96,24 @@ void CSharedLibrary::Release() {
     }
 }
 
+namespace {
+
 // Most of the time that reading a large file takes goes into first touches of memory, a page each.
+constexpr std::align_val_t kLargePage{std::size_t{1} << 21};
+
+} // namespace
+
 CLargeMemory::CLargeMemory(std::size_t size) {
-    constexpr std::size_t kLargePage = std::size_t{1} << 21;
-    const std::size_t pages = (size + kLargePage - 1) / kLargePage;
-    m_pBegin = static_cast<char*>(std::aligned_alloc(kLargePage, pages * kLargePage));
-    if (m_pBegin == nullptr) {
-        throw std::bad_alloc();
-    }
+    constexpr auto pageSize = static_cast<std::size_t>(kLargePage);
+    const std::size_t pages = (size + pageSize - 1) / pageSize;
+    m_pBegin = static_cast<char*>(::operator new(pages * pageSize, kLargePage));
 #ifdef MADV_HUGEPAGE
-    ::madvise(m_pBegin, pages * kLargePage, MADV_HUGEPAGE); // where it fails, small pages serve as well
+    ::madvise(m_pBegin, pages * pageSize, MADV_HUGEPAGE); // where it fails, small pages serve as well
 #endif
 }
 
 CLargeMemory::~CLargeMemory() {
-    std::free(m_pBegin);
+    ::operator delete(m_pBegin, kLargePage);
 }
 
 CLargeMemory::CLargeMemory(CLargeMemory&& other) noexcept : m_pBegin(std::exchange(other.m_pBegin, nullptr)) {}

@@ -111,12 +111,12 @@ TEST_F(HandleFunctions, TheCounterOfTheFlatFunctionsTellsTheNextCompleteRecord) 
 
 TEST_F(HandleFunctions, ManyInstancesAreCreatedUsedAndDestroyedInAnyOrder) {
     std::vector<int> handles;
-    for (int i = 0; i < 2000; ++i) {
+    for (int i = 0; i < 10000; ++i) {
         handles.push_back(MifCreateInstance());
         AddLine(handles.back(), static_cast<char>('A' + i % 26));
     }
     for (std::size_t i = 0; i < handles.size(); ++i) {
-        const std::size_t chosen = i * 7 % handles.size(); // 7 and 2000 have no common divisor
+        const std::size_t chosen = i * 7 % handles.size(); // 7 and 10,000 have no common divisor
         char line[129];
         ASSERT_EQ(MifGetFirstCompleteRecord(handles[chosen], "X1", line, sizeof line), 0);
         EXPECT_EQ(line[127], static_cast<char>('A' + chosen % 26));
