@@ -21,8 +21,8 @@ struct CMifInstance {
 
 class CMifRegistry {
 public:
-    /// Creates an instance; its handle, 4 more than that of the one before, which is never used again. Throws when there
-    /// is no memory or no handle left.
+    /// Creates an instance; its handle, 4 more than that of the one before, which is never used again. Throws when
+    /// there is no memory or no handle left.
     int Create();
     /// Destroys the instance that Find gives.
     void Destroy(int handle);

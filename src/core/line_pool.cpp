@@ -30,7 +30,8 @@ std::uint32_t CLinePool::Take() {
 
 void CLinePool::AddBlock() {
     const std::size_t blockSize = m_nLineSize << m_nBlockShift;
-    m_Blocks.reserve(m_Blocks.size() < m_Blocks.capacity() ? 0 : m_Blocks.size() * 2 + 1); // a block is not lost for want of its entry
+    // First of all, so that no block is lost for want of its entry.
+    m_Blocks.reserve(m_Blocks.size() < m_Blocks.capacity() ? 0 : m_Blocks.size() * 2 + 1);
     if (m_Blocks.size() < kSmallBlocks) {
         m_SmallBlocks.push_back(std::unique_ptr<char[]>(new char[blockSize]));
         m_Blocks.push_back(m_SmallBlocks.back().get());

@@ -106,7 +106,7 @@ constexpr std::align_val_t kLargePage{std::size_t{1} << 21};
 CLargeMemory::CLargeMemory(std::size_t size) {
     constexpr auto pageSize = static_cast<std::size_t>(kLargePage);
     const std::size_t pages = (size + pageSize - 1) / pageSize;
-    m_pBegin = static_cast<char*>(::operator new(pages * pageSize, kLargePage));
+    m_pBegin = static_cast<char*>(::operator new(pages* pageSize, kLargePage));
 #ifdef MADV_HUGEPAGE
     ::madvise(m_pBegin, pages * pageSize, MADV_HUGEPAGE); // where it fails, small pages serve as well
 #endif
