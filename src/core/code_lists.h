@@ -16,13 +16,12 @@ inline constexpr std::array<std::string_view, 5> kListTypes = {"X4", "W4", "X6",
 
 std::optional<EListType> ListTypeOf(std::string_view type);
 
-/// Fills the lists of one type from a table file.
-using CFillCodes = void (*)(const CTableImage& image, CLayoutCodes& codes);
-
 /// The lists of every type, each filled when it is first asked for, as few callers ask for any.
 class CCodeLists {
 public:
     CLayoutCodes& Of(EListType type, const CTableImage& image);
+    /// What is still to fill the lists of a type; null once they were asked for.
+    CFillCodes GetPendingFill(EListType type) const { return m_Types[static_cast<std::size_t>(type)].Fill; }
     /// To be called when the table file has changed: the lists of the type are to be filled anew. They are at once when
     /// somebody may hold them.
     void Refill(EListType type, CFillCodes fill, const CTableImage& image);

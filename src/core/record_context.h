@@ -46,7 +46,9 @@ struct CRecordContext {
     void ForgetLayouts() { Layouts.fill(nullptr); }
 
 private:
-    const CLayoutCodes& LayoutCodesOf(std::string_view key);
+    template <typename Codes>
+    const std::shared_ptr<const CLayout>& LayoutMadeWith(const Codes& codes, std::string_view key,
+                                                         std::shared_ptr<const CLayout>& layout) const;
 };
 
 } // namespace tabvex

@@ -106,9 +106,22 @@ void Put(char* line, int lineLength, int offset, std::string_view text) {
 CLayout::CLayout(std::shared_ptr<const CTableImage> image, std::string_view type, CLayoutCodes codes)
     : m_pImage(std::move(image)), m_strType(type), m_Codes(std::move(codes)) {}
 
+CLayout::CLayout(std::shared_ptr<const CTableImage> image, std::string_view type, CFillCodes fill)
+    : m_pImage(std::move(image)), m_strType(type), m_pFillCodes(fill), m_bCodesFilled(false) {}
+
+const CLayoutCodes& CLayout::Codes() const {
+    if (!m_bCodesFilled) {
+        CLayout& self = Mutable();
+        m_pFillCodes(*m_pImage, self.m_Codes);
+        self.m_bCodesFilled = true;
+    }
+    return m_Codes;
+}
+
 bool CLayout::IsMadeWith(const CLayoutCodes& codes) const {
     const auto same = [](const auto& a, const auto& b) { return std::equal(a.begin(), a.end(), b.begin(), b.end()); };
-    return same(codes.All, m_Codes.All) && same(codes.Codes, m_Codes.Codes) && same(codes.Kinds, m_Codes.Kinds);
+    const CLayoutCodes& own = Codes();
+    return same(codes.All, own.All) && same(codes.Codes, own.Codes) && same(codes.Kinds, own.Kinds);
 }
 
 const CItemDef* CLayout::Find(int number) const {
@@ -274,7 +287,7 @@ bool CLayout::GenerateDescriptor(int number, std::string& descriptor) const {
     if (item == kGeneratedItems.end()) {
         return false;
     }
-    const std::string codes = SelectCodes(*item, m_Codes);
+    const std::string codes = SelectCodes(*item, Codes());
     if (codes.empty()) {
         return false; // the table's own descriptor stays
     }

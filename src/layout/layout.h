@@ -22,14 +22,20 @@ struct CLayoutCodes {
     CUIntArray Kinds;   ///< kind i belongs to code i
 };
 
+/// Fills the lists of one type from a table file.
+using CFillCodes = void (*)(const CTableImage& image, CLayoutCodes& codes);
+
 /// Shared by all record objects of a type that are created from the same table file and lists. It is parsed when it is
 /// first looked at, and keeps the table file that it comes from.
 class CLayout {
 public:
     CLayout(std::shared_ptr<const CTableImage> image, std::string_view type, CLayoutCodes codes = {});
+    /// The codes are taken from the table file when they are needed.
+    CLayout(std::shared_ptr<const CTableImage> image, std::string_view type, CFillCodes fill);
 
     /// True when the layout takes its value lists from the same codes.
     bool IsMadeWith(const CLayoutCodes& codes) const;
+    bool IsMadeWith(CFillCodes fill) const { return m_pFillCodes == fill; }
     /// TABVEX_OK; TABVEX_LAYOUT_BAD: no type, no section, an unreadable column, or a bad descriptor behind the first
     /// line; TABVEX_LAYOUT_BAD_FIRST: a bad descriptor on the first line. Items before the failure are in the layout.
     int GetResult() const { return Parsed().m_nResult; }
@@ -58,6 +64,7 @@ private:
         return *this;
     }
     CLayout& Mutable() const;
+    const CLayoutCodes& Codes() const;
     void Parse();
     int ParseItems(CSectionCursor& cursor);
     int ParseItem(CSectionCursor& cursor, bool first);
@@ -69,6 +76,8 @@ private:
     std::shared_ptr<const CTableImage> m_pImage;
     std::string m_strType;
     CLayoutCodes m_Codes;
+    CFillCodes m_pFillCodes = nullptr;
+    bool m_bCodesFilled = true;
     bool m_bParsed = false;
     int m_nResult = 0;
     std::vector<CItemDef> m_Items;
