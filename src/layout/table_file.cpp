@@ -19,7 +19,7 @@ constexpr std::size_t kHeaderLineSize = 500;
 // A reader may fill the whole buffer without ending the text; the byte behind it always does.
 static_assert(CTableImage::kLineSize >= tabvex::kReaderLineSize);
 struct CReaderLine {
-    alignas(tabvex::kWordSize) std::array<char, CTableImage::kLineRoom> Text = {};
+    alignas(tabvex::kBlockLength) std::array<char, CTableImage::kLineRoom> Text = {};
 };
 
 bool IsPrintable(char c) {

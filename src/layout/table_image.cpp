@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "layout/ascii.h"
-#include "platform/char_word.h"
+#include "platform/char_block.h"
 
 namespace tabvex {
 
@@ -63,14 +63,13 @@ void CTableImage::AddLine(const char* line) {
     }
     char* const text = m_pText.get() + m_nText;
     std::size_t length = 0;
-    CCharWord end = 0;
-    for (; end == 0; length += kWordSize) {
-        const CCharWord word = LoadWord(line + length);
-        StoreWord(text + length, word);
-        end = MarkNul(word);
+    std::size_t found = kCopiedAtOnce;
+    for (; found == kCopiedAtOnce; length += found) {
+        found = CopyAndFindNul(line + length, text + length);
     }
-    length = length - kWordSize + PlaceOf(end);
-    m_Lines.push_back({static_cast<std::uint32_t>(m_nText), static_cast<std::uint32_t>(length)});
+    CLine& added = m_Lines.emplace_back(); // filled in place: a copy of two halves would be read as a whole at once
+    added.Offset = static_cast<std::uint32_t>(m_nText);
+    added.Length = static_cast<std::uint32_t>(length);
     m_nText += length;
 }
 

@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "layout/table_header.h"
-#include "platform/char_word.h"
+#include "platform/char_block.h"
 
 namespace tabvex {
 
@@ -17,7 +17,7 @@ class CTableImage {
 public:
     static constexpr int kNone = -1;
     static constexpr std::size_t kLineSize = 2000;
-    static constexpr std::size_t kLineRoom = kLineSize + kWordSize;
+    static constexpr std::size_t kLineRoom = kLineSize + kCopiedAtOnce;
 
     /// Makes room for a table of the usual size.
     void Reserve();

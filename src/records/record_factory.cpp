@@ -1,5 +1,7 @@
 // Which class holds the lines of which record type.
 
+#include <array>
+#include <cstddef>
 #include <memory>
 #include <utility>
 
@@ -22,6 +24,19 @@ namespace {
 constexpr int kTypeG3 = tabvex::RecordTypeOf("G3");
 constexpr int kTypeX4 = tabvex::RecordTypeOf("X4");
 constexpr int kTypeG9 = tabvex::RecordTypeOf("G9");
+
+// The first row of each type's group, null without one.
+using CFirstRows = std::array<const tabvex::CGroupRow*, tabvex::kRecordTypeCount>;
+
+constexpr CFirstRows FindFirstRows() {
+    CFirstRows rows = {};
+    for (int type = 0; type < static_cast<int>(rows.size()); ++type) {
+        rows[static_cast<std::size_t>(type)] = tabvex::GroupRowsOf(tabvex::RecordTypeRow(type).Key).Begin;
+    }
+    return rows;
+}
+
+constexpr CFirstRows kFirstRows = FindFirstRows();
 
 std::unique_ptr<CRecord> NewEntryRecord(const tabvex::CGroupRow& row, CRecordContext& context) {
     switch (row.Variant) {
@@ -52,15 +67,15 @@ bool CAllRecordsEx::KnowsType(int type) const {
 
 std::unique_ptr<CRecord> CAllRecords::NewRecord(int type) {
     CRecordContext& context = m_pState->Context;
-    if (const tabvex::CMutationItems* items = tabvex::MutationItemsOf(tabvex::RecordTypeRow(type).Key)) {
-        if (type == kTypeX4 && !context.X4NewForm) {
-            return std::make_unique<tabvex::COldMutationRecord>(*items, context);
-        }
-        return std::make_unique<tabvex::CMutationRecord>(*items, context);
+    if (type == kTypeX4 && !context.X4NewForm) {
+        return std::make_unique<tabvex::COldMutationRecord>(*tabvex::MutationItemsOf("X4"), context);
     }
-    const tabvex::CGroupRows groups = tabvex::GroupRowsOf(tabvex::RecordTypeRow(type).Key);
-    if (groups.Count != 0) {
-        return NewEntryRecord(*groups.Begin, context);
+    if (type == kTypeX4 || type == kTypeG9) {
+        return std::make_unique<tabvex::CMutationRecord>(*tabvex::MutationItemsOf(tabvex::RecordTypeRow(type).Key),
+                                                         context);
+    }
+    if (const tabvex::CGroupRow* row = kFirstRows[static_cast<std::size_t>(type)]) {
+        return NewEntryRecord(*row, context);
     }
     if (type == kTypeG3) {
         return std::make_unique<tabvex::CGrouplessRecord>(type, context);

@@ -3,14 +3,15 @@
 // Line ends LF, CR LF and CR are removed. A line's buffer holds 2000 bytes; what lies behind character 1999 of a line
 // is dropped, and what lies behind a line's end is left as it was. One file at a time is open; nothing is locked.
 
+#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
 
-#include "platform/char_word.h"
+#include "platform/char_block.h"
 
-using tabvex::CCharWord;
-using tabvex::kWordSize;
+using tabvex::CCharBlock;
+using tabvex::kBlockLength;
 
 #ifdef _WIN32
 #define TBLREAD_API extern "C" __declspec(dllexport)
@@ -21,15 +22,9 @@ using tabvex::kWordSize;
 namespace {
 
 constexpr std::size_t kLineSize = 2000; // terminator included
-constexpr std::size_t kBlockSize = std::size_t{1} << 16;
+constexpr std::size_t kReadSize = std::size_t{1} << 16;
 constexpr int kCannotOpen = 2;
 constexpr int kNoLine = 1;
-
-// Marks the first line end. Most words hold no control character at all, which one look tells.
-constexpr CCharWord MarkLineEnd(CCharWord word) {
-    constexpr unsigned char kBehindLineEnds = '\r' + 1;
-    return tabvex::HasBelow(word, kBehindLineEnds) == 0 ? 0 : tabvex::Mark(word, '\n') | tabvex::Mark(word, '\r');
-}
 
 // Reads a file in blocks and cuts it into lines.
 class CLineSource {
@@ -45,7 +40,7 @@ public:
             return false;
         }
         static_cast<void>(std::setvbuf(m_pFile, nullptr, _IONBF, 0)); // a buffer more would do no harm
-        m_pBlock = static_cast<char*>(std::malloc(kBlockSize + kWordSize));
+        m_pBlock = static_cast<char*>(std::malloc(kReadSize + kBlockLength));
         // A directory opens on some systems; only reading tells.
         if (m_pBlock == nullptr || (!Fill() && std::feof(m_pFile) == 0)) {
             Close();
@@ -98,8 +93,8 @@ private:
             return false;
         }
         m_pNext = m_pBlock;
-        m_pEnd = m_pBlock + std::fread(m_pBlock, 1, kBlockSize, m_pFile);
-        tabvex::StoreWord(m_pEnd, tabvex::kEachCharacter * '\n');
+        m_pEnd = m_pBlock + std::fread(m_pBlock, 1, kReadSize, m_pFile);
+        std::memset(m_pEnd, '\n', kBlockLength);
         return m_pEnd > m_pNext;
     }
 
@@ -119,25 +114,18 @@ private:
     bool TakePiece(char* line, std::size_t& length) {
         const char* from = m_pNext;
         char* to = line + length;
-        for (; to + kWordSize < line + kLineSize; from += kWordSize, to += kWordSize) {
-            const CCharWord word = tabvex::LoadWord(from);
-            const CCharWord mark = MarkLineEnd(word);
-            if (mark != 0) {
-                const std::size_t count = tabvex::PlaceOf(mark);
-                EndText(to, word, count);
+        for (; to + kBlockLength < line + kLineSize; from += kBlockLength, to += kBlockLength) {
+            const CCharBlock block = tabvex::LoadBlock(from);
+            const std::uint32_t ends = tabvex::PlacesOf('\n', block) | tabvex::PlacesOf('\r', block);
+            if (ends != 0) {
+                const std::size_t count = tabvex::FirstPlace(ends);
+                tabvex::StoreText(to, block, count);
                 length = static_cast<std::size_t>(to - line) + count;
                 return EndLine(from + count);
             }
-            tabvex::StoreWord(to, word);
+            tabvex::StoreBlock(to, block);
         }
         return TakeRest(line, to, from, length);
-    }
-
-    // The first `count` characters of the word and a NUL. What stands behind them in the line's buffer stays.
-    static void EndText(char* to, CCharWord word, std::size_t count) {
-        const CCharWord nul = CCharWord{255} << (count * 8);
-        const CCharWord before = (CCharWord{1} << (count * 8)) - 1;
-        tabvex::StoreWord(to, (word & before) | (tabvex::LoadWord(to) & ~(before | nul)));
     }
 
     // The end of a very long line, character by character.
