@@ -31,18 +31,13 @@ struct CFakeJava::CFunctions {
         ++g_pJava->m_nCopiesOut;
         return Text(text).c_str();
     }
-    static jsize JNICALL GetStringUTFLength(JNIEnv*, jstring text) {
-        Java();
-        return static_cast<jsize>(Text(text).size());
-    }
     static void JNICALL ReleaseStringUTFChars(JNIEnv*, jstring, const char*) { --Java().m_nCopiesOut; }
     static jstring JNICALL NewStringUTF(JNIEnv*, const char* text) {
         return Java().Allocate() ? static_cast<jstring>(static_cast<jobject>(g_pJava->Make(text))) : nullptr;
     }
 
     static jsize JNICALL GetArrayLength(JNIEnv*, jarray array) {
-        Java();
-        return static_cast<jsize>(Text(array).size());
+        return Java().m_nClaimedLength >= 0 ? g_pJava->m_nClaimedLength : static_cast<jsize>(Text(array).size());
     }
     static void JNICALL GetByteArrayRegion(JNIEnv*, jbyteArray array, jsize start, jsize length, jbyte* buffer) {
         Java();
@@ -98,7 +93,6 @@ CFakeJava::CFakeJava() {
     g_pJava = this;
     m_Env.functions = &m_Functions;
     m_Functions.GetStringUTFChars = CFunctions::GetStringUTFChars;
-    m_Functions.GetStringUTFLength = CFunctions::GetStringUTFLength;
     m_Functions.ReleaseStringUTFChars = CFunctions::ReleaseStringUTFChars;
     m_Functions.NewStringUTF = CFunctions::NewStringUTF;
     m_Functions.GetArrayLength = CFunctions::GetArrayLength;
