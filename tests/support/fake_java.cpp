@@ -10,7 +10,15 @@ namespace {
 
 CFakeJava* g_pJava = nullptr; // the functions of the table are told the JNIEnv only
 
-const char* const kSetters[] = {"setError", "setCode", "setValue", "setSubtype", "setSubtypeAV"};
+struct CSetter {
+    const char* Name;
+    const char* Signature;
+};
+constexpr CSetter kSetters[] = {{"setError", "(I)V"},
+                                {"setCode", "(Ljava/lang/String;)V"},
+                                {"setValue", "(F)V"},
+                                {"setSubtype", "(Ljava/lang/String;)V"},
+                                {"setSubtypeAV", "(Ljava/lang/String;)V"}};
 
 } // namespace
 
@@ -62,11 +70,11 @@ struct CFakeJava::CFunctions {
     static jobject JNICALL AllocObject(JNIEnv*, jclass type) {
         return Java().Allocate() ? g_pJava->Make("object of " + Text(type)) : nullptr;
     }
-    static jmethodID JNICALL GetMethodID(JNIEnv*, jclass, const char* name, const char*) {
+    static jmethodID JNICALL GetMethodID(JNIEnv*, jclass, const char* name, const char* signature) {
         Java();
-        for (const char* const& setter : kSetters) {
-            if (std::strcmp(setter, name) == 0) {
-                return reinterpret_cast<jmethodID>(const_cast<const char**>(&setter));
+        for (const CSetter& setter : kSetters) {
+            if (std::strcmp(setter.Name, name) == 0 && std::strcmp(setter.Signature, signature) == 0) {
+                return reinterpret_cast<jmethodID>(const_cast<CSetter*>(&setter));
             }
         }
         g_pJava->m_bPending = true;
@@ -74,7 +82,7 @@ struct CFakeJava::CFunctions {
     }
     static void JNICALL CallVoidMethodA(JNIEnv*, jobject object, jmethodID method, const jvalue* arguments) {
         Java();
-        const std::string setter = *reinterpret_cast<const char**>(method);
+        const std::string setter = reinterpret_cast<const CSetter*>(method)->Name;
         if (setter == "setError") {
             g_pJava->m_Codes.push_back(arguments[0].i);
         } else if (setter == "setValue") {
