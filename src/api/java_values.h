@@ -22,7 +22,6 @@ public:
 
     /// True when there is a copy; otherwise Code tells why not.
     bool IsHere() const { return m_nCode == TABVEX_OK; }
-    bool IsNull() const { return m_nCode == TABVEX_BAD_ARGUMENT; }
     /// TABVEX_OK; TABVEX_BAD_ARGUMENT for null; TABVEX_INTERNAL_FAILURE without memory, or when Size would pass
     /// INT_MAX.
     int Code() const { return m_nCode; }
