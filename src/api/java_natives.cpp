@@ -106,8 +106,10 @@ JNIEXPORT void JNICALL Java_de_quorvil_application_tabvex_TabVexImpl_loadTable(J
 
 JNIEXPORT void JNICALL Java_de_quorvil_application_tabvex_TabVexImpl_saveAllRecords(JNIEnv* env, jobject self,
                                                                                     jint handle, jstring file,
-                                                                                    jboolean crlf) {
-    SetError(env, self, CallWith(env, file, [&](const char* name) { return MifSaveAllRecords(handle, name, crlf); }));
+                                                                                    jint crlf) {
+    // One byte of the flag counts, whatever type a caller's own class declares: kept on purpose.
+    const auto flag = static_cast<jboolean>(crlf);
+    SetError(env, self, CallWith(env, file, [&](const char* name) { return MifSaveAllRecords(handle, name, flag); }));
 }
 
 JNIEXPORT void JNICALL Java_de_quorvil_application_tabvex_TabVexImpl_readAllRecordsEx(JNIEnv* env, jobject self,
@@ -337,8 +339,8 @@ JNIEXPORT jint JNICALL Java_de_quorvil_application_tabvex_TabVexImpl_deleteG9Mut
 }
 
 JNIEXPORT jboolean JNICALL Java_de_quorvil_application_tabvex_TabVexImpl_useX4New(JNIEnv* env, jobject self,
-                                                                                  jint handle, jboolean flag) {
-    const int before = MifUseX4New(handle, flag);
+                                                                                  jint handle, jint flag) {
+    const int before = MifUseX4New(handle, static_cast<jboolean>(flag)); // one byte: kept on purpose
     return static_cast<jboolean>(Reported(env, self, before) > 0);
 }
 
