@@ -3,6 +3,10 @@
 # folders itself, because jni_md.h differs between systems: that of Linux would let the native methods vanish from a DLL.
 set(TABVEX_JNI_INCLUDE_DIRS "" CACHE STRING "Folders of jni.h and jni_md.h; empty: those of the JDK that is found")
 set(folders ${TABVEX_JNI_INCLUDE_DIRS})
+if(CMAKE_CROSSCOMPILING AND NOT folders)
+  message(FATAL_ERROR "built for ${CMAKE_SYSTEM_NAME}: set TABVEX_JNI_INCLUDE_DIRS to the folders of jni.h and of that "
+    "system's jni_md.h; those of this computer's JDK do not fit")
+endif()
 if(NOT folders)
   if(NOT JAVA_HOME AND NOT DEFINED ENV{JAVA_HOME})
     # The JDK that the shell would use; CMake by itself looks into few folders.

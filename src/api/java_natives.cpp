@@ -16,8 +16,8 @@ using tabvex::WithRecords;
 
 namespace {
 
-// Buffers of the texts that go to Java, terminator included. Longer item texts are refused: kept on purpose.
-constexpr int kItemText = 64;
+// Buffers of the texts that go to Java, terminator included.
+constexpr int kItemText = 64; // longer texts are refused: kept on purpose
 constexpr int kDateText = 16;
 constexpr int kAssembledText = 256;
 constexpr int kLongestItem = tabvex::kLongLineLength + 1;
@@ -25,8 +25,62 @@ constexpr int kLongestItem = tabvex::kLongLineLength + 1;
 const char* const kX4Mutation = "de/quorvil/application/tabvex/X4Mutation";
 const char* const kG9Mutation = "de/quorvil/application/tabvex/G9Mutation";
 
-int FirstFailure(const CJavaBytes& first, const CJavaBytes& second) {
-    return first.IsHere() ? second.Code() : first.Code();
+using CReadText = decltype(MifReadItem);
+using CReadMutation = decltype(MifReadX4Mutation);
+
+jint Reported(JNIEnv* env, jobject self, int result) {
+    SetError(env, self, result);
+    return result;
+}
+
+/// What `call` gives for the text, or why there is none.
+template <typename Text, typename Call>
+int CallWith(JNIEnv* env, Text text, Call call) {
+    const CJavaBytes bytes(env, text);
+    return bytes.IsHere() ? call(bytes.Get()) : bytes.Code();
+}
+
+/// The same for two texts, which `call` is given as copies.
+template <typename Call>
+int CallWithBoth(JNIEnv* env, jstring first, jstring second, Call call) {
+    const CJavaBytes one(env, first);
+    const CJavaBytes other(env, second);
+    if (!one.IsHere()) {
+        return one.Code();
+    }
+    return other.IsHere() ? call(one, other) : other.Code();
+}
+
+jstring ReadText(JNIEnv* env, jobject self, CReadText* read, jint handle, jint item) {
+    char text[kItemText] = "";
+    const int result = read(handle, item, text, sizeof text);
+    return ReportText(env, self, result, result == TABVEX_OK ? text : nullptr);
+}
+
+jbyteArray ReadBytes(JNIEnv* env, jobject self, CReadText* read, jint handle, jint item) {
+    char text[kLongestItem] = "";
+    const int result = read(handle, item, text, sizeof text);
+    return ReportBytes(env, self, result, result == TABVEX_OK ? text : nullptr);
+}
+
+jobject ReadMutation(JNIEnv* env, jobject self, const char* className, CReadMutation* read, jint handle, jint index) {
+    CMutationTexts texts;
+    const int result = read(handle, index, texts.szCode, CMutationTexts::kSize, &texts.fValue, texts.szText1,
+                            CMutationTexts::kSize, texts.szText2, CMutationTexts::kSize);
+    // Why a read failed is not told: kept on purpose.
+    return ReportMutation(env, self, className, result == TABVEX_OK ? &texts : nullptr);
+}
+
+/// Reports only why a text is not there: kept on purpose.
+template <typename Set>
+void SetCodeList(JNIEnv* env, jobject self, jint handle, jstring kind, jstring list, Set set) {
+    const int code = CallWithBoth(env, kind, list, [&](const CJavaBytes& type, const CJavaBytes& codes) -> int {
+        WithRecords(handle, [&](CAllRecordsEx& records) { set(records, type.Get(), codes.Get()); });
+        return TABVEX_OK;
+    });
+    if (code != TABVEX_OK) {
+        SetError(env, self, code);
+    }
 }
 
 } // namespace
@@ -45,21 +99,22 @@ JNIEXPORT void JNICALL Java_de_quorvil_application_tabvex_TabVexImpl_destroyInst
 JNIEXPORT void JNICALL Java_de_quorvil_application_tabvex_TabVexImpl_loadTable(JNIEnv* env, jobject self, jint handle,
                                                                                jstring file, jint versionMajor,
                                                                                jint versionMinor) {
-    const CJavaBytes name(env, file);
-    SetError(env, self, name.IsHere() ? MifLoadTable(handle, name.Get(), versionMajor, versionMinor) : name.Code());
+    SetError(env, self, CallWith(env, file, [&](const char* name) {
+                 return MifLoadTable(handle, name, versionMajor, versionMinor);
+             }));
 }
 
 JNIEXPORT void JNICALL Java_de_quorvil_application_tabvex_TabVexImpl_saveAllRecords(JNIEnv* env, jobject self,
                                                                                     jint handle, jstring file,
-                                                                                    jboolean crlf) {
-    const CJavaBytes name(env, file);
-    SetError(env, self, name.IsHere() ? MifSaveAllRecords(handle, name.Get(), crlf) : name.Code());
+                                                                                    jint crlf) {
+    // One byte of the flag counts, whatever type a caller's own class declares: kept on purpose.
+    const auto flag = static_cast<jboolean>(crlf);
+    SetError(env, self, CallWith(env, file, [&](const char* name) { return MifSaveAllRecords(handle, name, flag); }));
 }
 
 JNIEXPORT void JNICALL Java_de_quorvil_application_tabvex_TabVexImpl_readAllRecordsEx(JNIEnv* env, jobject self,
                                                                                       jint handle, jstring file) {
-    const CJavaBytes name(env, file);
-    SetError(env, self, name.IsHere() ? MifReadAllRecordsEx(handle, name.Get()) : name.Code());
+    SetError(env, self, CallWith(env, file, [&](const char* name) { return MifReadAllRecordsEx(handle, name); }));
 }
 
 JNIEXPORT jboolean JNICALL Java_de_quorvil_application_tabvex_TabVexImpl_readVRecords(JNIEnv* env, jobject self,
@@ -73,16 +128,12 @@ JNIEXPORT jboolean JNICALL Java_de_quorvil_application_tabvex_TabVexImpl_readVRe
 
 JNIEXPORT jstring JNICALL Java_de_quorvil_application_tabvex_TabVexImpl_readCharItem(JNIEnv* env, jobject self,
                                                                                      jint handle, jint item) {
-    char text[kItemText] = "";
-    const int result = MifReadCharItem(handle, item, text, sizeof text);
-    return ReportText(env, self, result, result == TABVEX_OK ? text : nullptr);
+    return ReadText(env, self, MifReadCharItem, handle, item);
 }
 
 JNIEXPORT jstring JNICALL Java_de_quorvil_application_tabvex_TabVexImpl_readItem(JNIEnv* env, jobject self, jint handle,
                                                                                  jint item) {
-    char text[kItemText] = "";
-    const int result = MifReadItem(handle, item, text, sizeof text);
-    return ReportText(env, self, result, result == TABVEX_OK ? text : nullptr);
+    return ReadText(env, self, MifReadItem, handle, item);
 }
 
 JNIEXPORT jint JNICALL Java_de_quorvil_application_tabvex_TabVexImpl_readIntItem(JNIEnv* env, jobject self, jint handle,
@@ -102,9 +153,9 @@ JNIEXPORT jdouble JNICALL Java_de_quorvil_application_tabvex_TabVexImpl_readFloa
 JNIEXPORT jstring JNICALL Java_de_quorvil_application_tabvex_TabVexImpl_readDateItem(JNIEnv* env, jobject self,
                                                                                      jint handle, jint item,
                                                                                      jstring format) {
-    const CJavaBytes layout(env, format);
     char date[kDateText] = "";
-    const int result = layout.IsHere() ? MifReadDateItem(handle, item, layout.Get(), date, sizeof date) : layout.Code();
+    const int result = CallWith(
+        env, format, [&](const char* layout) { return MifReadDateItem(handle, item, layout, date, sizeof date); });
     return ReportText(env, self, result, result == TABVEX_OK ? date : nullptr);
 }
 
@@ -133,28 +184,25 @@ JNIEXPORT void JNICALL Java_de_quorvil_application_tabvex_TabVexImpl_readPrev(JN
 JNIEXPORT void JNICALL Java_de_quorvil_application_tabvex_TabVexImpl_writeCharItem(JNIEnv* env, jobject self,
                                                                                    jint handle, jint item,
                                                                                    jstring text) {
-    const CJavaBytes value(env, text);
-    SetError(env, self, value.IsHere() ? MifWriteCharItem(handle, item, value.Get()) : value.Code());
+    SetError(env, self, CallWith(env, text, [&](const char* value) { return MifWriteCharItem(handle, item, value); }));
 }
 
 JNIEXPORT void JNICALL Java_de_quorvil_application_tabvex_TabVexImpl_writeItem(JNIEnv* env, jobject self, jint handle,
                                                                                jint item, jstring text) {
-    const CJavaBytes value(env, text);
-    SetError(env, self, value.IsHere() ? MifWriteItem(handle, item, value.Get()) : value.Code());
+    SetError(env, self, CallWith(env, text, [&](const char* value) { return MifWriteItem(handle, item, value); }));
 }
 
 JNIEXPORT void JNICALL Java_de_quorvil_application_tabvex_TabVexImpl_writeHardItem(JNIEnv* env, jobject self,
                                                                                    jint handle, jint item,
                                                                                    jstring text) {
-    const CJavaBytes value(env, text);
-    SetError(env, self, value.IsHere() ? MifHardWriteItem(handle, item, value.Get()) : value.Code());
+    SetError(env, self, CallWith(env, text, [&](const char* value) { return MifHardWriteItem(handle, item, value); }));
 }
 
 JNIEXPORT void JNICALL Java_de_quorvil_application_tabvex_TabVexImpl_writeHardDynItem(JNIEnv* env, jobject self,
                                                                                       jint handle, jint item,
                                                                                       jstring text) {
-    const CJavaBytes value(env, text);
-    SetError(env, self, value.IsHere() ? MifHardWriteDynItem(handle, item, value.Get()) : value.Code());
+    SetError(env, self,
+             CallWith(env, text, [&](const char* value) { return MifHardWriteDynItem(handle, item, value); }));
 }
 
 JNIEXPORT void JNICALL Java_de_quorvil_application_tabvex_TabVexImpl_writeIntItem(JNIEnv* env, jobject self,
@@ -177,10 +225,10 @@ JNIEXPORT void JNICALL Java_de_quorvil_application_tabvex_TabVexImpl_writeRoundF
 JNIEXPORT void JNICALL Java_de_quorvil_application_tabvex_TabVexImpl_writeDateItem(JNIEnv* env, jobject self,
                                                                                    jint handle, jint item, jstring date,
                                                                                    jstring format) {
-    const CJavaBytes value(env, date);
-    const CJavaBytes layout(env, format);
-    const int code = FirstFailure(value, layout);
-    SetError(env, self, code == TABVEX_OK ? MifWriteDateItem(handle, item, layout.Get(), value.Get()) : code);
+    const int result = CallWithBoth(env, date, format, [&](const CJavaBytes& value, const CJavaBytes& layout) {
+        return MifWriteDateItem(handle, item, layout.Get(), value.Get());
+    });
+    SetError(env, self, result);
 }
 
 JNIEXPORT void JNICALL Java_de_quorvil_application_tabvex_TabVexImpl_clearItem(JNIEnv* env, jobject self, jint handle,
@@ -190,11 +238,11 @@ JNIEXPORT void JNICALL Java_de_quorvil_application_tabvex_TabVexImpl_clearItem(J
 
 JNIEXPORT void JNICALL Java_de_quorvil_application_tabvex_TabVexImpl_destroyRecords(JNIEnv* env, jobject self,
                                                                                     jint handle, jstring type) {
-    const CJavaBytes key(env, type);
-    if (key.IsHere()) {
-        MifDestroyRecords(handle, key.Get());
-    }
-    SetError(env, self, key.Code());
+    const int result = CallWith(env, type, [&](const char* key) -> int {
+        MifDestroyRecords(handle, key);
+        return TABVEX_OK;
+    });
+    SetError(env, self, result);
 }
 
 JNIEXPORT void JNICALL Java_de_quorvil_application_tabvex_TabVexImpl_destroyAllRecords(JNIEnv* env, jobject self,
@@ -212,24 +260,21 @@ JNIEXPORT void JNICALL Java_de_quorvil_application_tabvex_TabVexImpl_destroyKnow
 JNIEXPORT void JNICALL Java_de_quorvil_application_tabvex_TabVexImpl_setCompleteRecord(JNIEnv* env, jobject self,
                                                                                        jint handle, jstring type,
                                                                                        jstring line) {
-    const CJavaBytes key(env, type);
-    const CJavaBytes text(env, line);
-    const int code = FirstFailure(key, text);
-    SetError(env, self, code == TABVEX_OK ? MifSetCompleteRecord(handle, key.Get(), text.Get(), text.Size()) : code);
+    const int result = CallWithBoth(env, type, line, [&](const CJavaBytes& key, const CJavaBytes& text) {
+        return MifSetCompleteRecord(handle, key.Get(), text.Get(), text.Size());
+    });
+    SetError(env, self, result);
 }
 
 JNIEXPORT jint JNICALL Java_de_quorvil_application_tabvex_TabVexImpl_findFirst(JNIEnv* env, jobject self, jint handle,
                                                                                jint item, jstring text) {
-    const CJavaBytes sought(env, text);
-    const int result = sought.IsHere() ? MifFindFirst(handle, item, sought.Get()) : sought.Code();
+    const int result = CallWith(env, text, [&](const char* sought) { return MifFindFirst(handle, item, sought); });
     SetError(env, self, result);
-    return sought.IsNull() ? 0 : result;
+    return text == nullptr ? 0 : result;
 }
 
 JNIEXPORT jint JNICALL Java_de_quorvil_application_tabvex_TabVexImpl_findNext(JNIEnv* env, jobject self, jint handle) {
-    const int result = MifFindNext(handle);
-    SetError(env, self, result);
-    return result;
+    return Reported(env, self, MifFindNext(handle));
 }
 
 JNIEXPORT jchar JNICALL Java_de_quorvil_application_tabvex_TabVexImpl_setDelimiter(JNIEnv* env, jobject self,
@@ -241,137 +286,99 @@ JNIEXPORT jchar JNICALL Java_de_quorvil_application_tabvex_TabVexImpl_setDelimit
 
 JNIEXPORT jobject JNICALL Java_de_quorvil_application_tabvex_TabVexImpl_readX4Mutation(JNIEnv* env, jobject self,
                                                                                        jint handle, jint index) {
-    CMutationTexts texts;
-    const int result = MifReadX4Mutation(handle, index, texts.szCode, CMutationTexts::kSize, &texts.fValue,
-                                         texts.szText1, CMutationTexts::kSize, texts.szText2, CMutationTexts::kSize);
-    // Why a read failed is not told: kept on purpose.
-    return ReportMutation(env, self, kX4Mutation, result == TABVEX_OK ? &texts : nullptr);
+    return ReadMutation(env, self, kX4Mutation, MifReadX4Mutation, handle, index);
 }
 
 JNIEXPORT jobject JNICALL Java_de_quorvil_application_tabvex_TabVexImpl_readG9Mutation(JNIEnv* env, jobject self,
                                                                                        jint handle, jint index) {
-    CMutationTexts texts;
-    const int result = MifReadG9Mutation(handle, index, texts.szCode, CMutationTexts::kSize, &texts.fValue,
-                                         texts.szText1, CMutationTexts::kSize, texts.szText2, CMutationTexts::kSize);
-    // Why a read failed is not told: kept on purpose.
-    return ReportMutation(env, self, kG9Mutation, result == TABVEX_OK ? &texts : nullptr);
+    return ReadMutation(env, self, kG9Mutation, MifReadG9Mutation, handle, index);
 }
 
 JNIEXPORT void JNICALL Java_de_quorvil_application_tabvex_TabVexImpl_addX4Mutation(JNIEnv* env, jobject self,
                                                                                    jint handle, jstring text) {
-    const CJavaBytes mutation(env, text);
-    SetError(env, self, mutation.IsHere() ? MifAddX4Mutation(handle, mutation.Get()) : mutation.Code());
+    SetError(env, self, CallWith(env, text, [&](const char* mutation) { return MifAddX4Mutation(handle, mutation); }));
 }
 
 JNIEXPORT void JNICALL Java_de_quorvil_application_tabvex_TabVexImpl_addG9Mutation(JNIEnv* env, jobject self,
                                                                                    jint handle, jstring text) {
-    const CJavaBytes mutation(env, text);
-    SetError(env, self, mutation.IsHere() ? MifAddG9Mutation(handle, mutation.Get()) : mutation.Code());
+    SetError(env, self, CallWith(env, text, [&](const char* mutation) { return MifAddG9Mutation(handle, mutation); }));
 }
 
 JNIEXPORT jint JNICALL Java_de_quorvil_application_tabvex_TabVexImpl_getX4MutationsCount(JNIEnv* env, jobject self,
                                                                                          jint handle) {
-    const int result = MifGetX4MutationsCount(handle);
-    SetError(env, self, result);
-    return result;
+    return Reported(env, self, MifGetX4MutationsCount(handle));
 }
 
 JNIEXPORT jint JNICALL Java_de_quorvil_application_tabvex_TabVexImpl_getG9MutationsCount(JNIEnv* env, jobject self,
                                                                                          jint handle) {
-    const int result = MifGetG9MutationsCount(handle);
-    SetError(env, self, result);
-    return result;
+    return Reported(env, self, MifGetG9MutationsCount(handle));
 }
 
 JNIEXPORT jint JNICALL Java_de_quorvil_application_tabvex_TabVexImpl_deleteX4Mutations(JNIEnv* env, jobject self,
                                                                                        jint handle) {
-    const int result = MifDeleteX4Mutations(handle);
-    SetError(env, self, result);
-    return result;
+    return Reported(env, self, MifDeleteX4Mutations(handle));
 }
 
 JNIEXPORT jint JNICALL Java_de_quorvil_application_tabvex_TabVexImpl_deleteG9Mutations(JNIEnv* env, jobject self,
                                                                                        jint handle) {
-    const int result = MifDeleteG9Mutations(handle);
-    SetError(env, self, result);
-    return result;
+    return Reported(env, self, MifDeleteG9Mutations(handle));
 }
 
 JNIEXPORT jint JNICALL Java_de_quorvil_application_tabvex_TabVexImpl_deleteX4Mutation(JNIEnv* env, jobject self,
                                                                                       jint handle, jstring code) {
-    const CJavaBytes text(env, code);
-    const int result = text.IsHere() ? MifDeleteOneX4Mutation(handle, text.Get()) : text.Code();
+    const int result = CallWith(env, code, [&](const char* text) { return MifDeleteOneX4Mutation(handle, text); });
     SetError(env, self, result);
-    return text.IsNull() ? 0 : result;
+    return code == nullptr ? 0 : result;
 }
 
 JNIEXPORT jint JNICALL Java_de_quorvil_application_tabvex_TabVexImpl_deleteG9Mutation(JNIEnv* env, jobject self,
                                                                                       jint handle, jstring code) {
-    const CJavaBytes text(env, code);
-    const int result = text.IsHere() ? MifDeleteOneG9Mutation(handle, text.Get()) : text.Code();
+    const int result = CallWith(env, code, [&](const char* text) { return MifDeleteOneG9Mutation(handle, text); });
     SetError(env, self, result);
-    return text.IsNull() ? 0 : result;
+    return code == nullptr ? 0 : result;
 }
 
 JNIEXPORT jboolean JNICALL Java_de_quorvil_application_tabvex_TabVexImpl_useX4New(JNIEnv* env, jobject self,
-                                                                                  jint handle, jboolean flag) {
-    const int result = MifUseX4New(handle, flag);
-    SetError(env, self, result);
-    return static_cast<jboolean>(result > 0);
+                                                                                  jint handle, jint flag) {
+    const int before = MifUseX4New(handle, static_cast<jboolean>(flag)); // one byte: kept on purpose
+    return static_cast<jboolean>(Reported(env, self, before) > 0);
 }
 
 JNIEXPORT void JNICALL Java_de_quorvil_application_tabvex_TabVexImpl_setMutationList(JNIEnv* env, jobject self,
                                                                                      jint handle, jstring kind,
                                                                                      jstring list) {
-    const CJavaBytes type(env, kind);
-    const CJavaBytes codes(env, list);
-    const int code = FirstFailure(type, codes);
-    if (code != TABVEX_OK) {
-        SetError(env, self, code);
-        return;
-    }
-    WithRecords(handle, [&](CAllRecordsEx& r) { r.SetMutationList(type.Get(), codes.Get()); });
+    SetCodeList(env, self, handle, kind, list,
+                [](CAllRecordsEx& records, char* type, const char* codes) { records.SetMutationList(type, codes); });
 }
 
 JNIEXPORT void JNICALL Java_de_quorvil_application_tabvex_TabVexImpl_setRepairMethodList(JNIEnv* env, jobject self,
                                                                                          jint handle, jstring kind,
                                                                                          jstring list) {
-    const CJavaBytes type(env, kind);
-    const CJavaBytes codes(env, list);
-    const int code = FirstFailure(type, codes);
-    if (code != TABVEX_OK) {
-        SetError(env, self, code);
-        return;
-    }
-    WithRecords(handle, [&](CAllRecordsEx& r) { r.SetRepairMethodList(type.Get(), codes.Get()); });
+    SetCodeList(env, self, handle, kind, list, [](CAllRecordsEx& records, char* type, const char* codes) {
+        records.SetRepairMethodList(type, codes);
+    });
 }
 
 JNIEXPORT jbyteArray JNICALL Java_de_quorvil_application_tabvex_TabVexImpl_readCharItemBytes(JNIEnv* env, jobject self,
                                                                                              jint handle, jint item) {
-    char text[kLongestItem] = "";
-    const int result = MifReadCharItem(handle, item, text, sizeof text);
-    return ReportBytes(env, self, result, result == TABVEX_OK ? text : nullptr);
+    return ReadBytes(env, self, MifReadCharItem, handle, item);
 }
 
 JNIEXPORT jbyteArray JNICALL Java_de_quorvil_application_tabvex_TabVexImpl_readItemBytes(JNIEnv* env, jobject self,
                                                                                          jint handle, jint item) {
-    char text[kLongestItem] = "";
-    const int result = MifReadItem(handle, item, text, sizeof text);
-    return ReportBytes(env, self, result, result == TABVEX_OK ? text : nullptr);
+    return ReadBytes(env, self, MifReadItem, handle, item);
 }
 
 JNIEXPORT void JNICALL Java_de_quorvil_application_tabvex_TabVexImpl_writeCharItemBytes(JNIEnv* env, jobject self,
                                                                                         jint handle, jint item,
                                                                                         jbyteArray text) {
-    const CJavaBytes value(env, text);
-    SetError(env, self, value.IsHere() ? MifWriteCharItem(handle, item, value.Get()) : value.Code());
+    SetError(env, self, CallWith(env, text, [&](const char* value) { return MifWriteCharItem(handle, item, value); }));
 }
 
 JNIEXPORT void JNICALL Java_de_quorvil_application_tabvex_TabVexImpl_writeItemBytes(JNIEnv* env, jobject self,
                                                                                     jint handle, jint item,
                                                                                     jbyteArray text) {
-    const CJavaBytes value(env, text);
-    SetError(env, self, value.IsHere() ? MifWriteItem(handle, item, value.Get()) : value.Code());
+    SetError(env, self, CallWith(env, text, [&](const char* value) { return MifWriteItem(handle, item, value); }));
 }
 
 } // extern "C"

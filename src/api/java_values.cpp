@@ -1,6 +1,8 @@
 #include "api/java_values.h"
 
+#include <climits>
 #include <cstring>
+#include <limits>
 #include <new>
 #include <string>
 
@@ -12,12 +14,23 @@ namespace {
 
 using Byte = unsigned char;
 
-// Bytes of modified UTF-8: those that begin a character of two and of three bytes, and those that continue one.
+// Bytes of modified UTF-8: those that begin a character of two and of three bytes, and those that continue one. A mask
+// leaves of a byte what tells which it is.
 constexpr Byte kLead2 = 0xC0;
+constexpr Byte kLead2Mask = 0xE0;
 constexpr Byte kLead3 = 0xE0;
+constexpr Byte kLead3Mask = 0xF0;
 constexpr Byte kContinuation = 0x80;
 constexpr Byte kContinuedBits = 0x3F;
 constexpr int kBitsContinued = 6;
+
+// Up to these a character is longer than it needs to be: the first byte of two, the second of three behind kLead3.
+constexpr Byte kLastTooLongLead2 = 0xC1;
+constexpr Byte kLastTooLongSecond = 0x9F;
+
+constexpr std::size_t kLongestText = INT_MAX - 1; // the terminator is counted, too
+
+static_assert(std::numeric_limits<jfloat>::is_iec559, "a double beyond a float's range becomes an infinity");
 
 bool Continues(char c) {
     return (static_cast<Byte>(c) & ~kContinuedBits) == kContinuation;
@@ -30,12 +43,12 @@ std::size_t CharacterLength(const char* text) {
     if (lead < kContinuation) {
         return 1;
     }
-    if ((lead & 0xE0) == kLead2 && Continues(text[1])) {
-        const bool shortest = lead > 0xC1 || (lead == kLead2 && static_cast<Byte>(text[1]) == kContinuation);
-        return shortest ? 2 : 0;
+    if ((lead & kLead2Mask) == kLead2 && Continues(text[1])) {
+        const bool isNul = lead == kLead2 && static_cast<Byte>(text[1]) == kContinuation;
+        return isNul || lead > kLastTooLongLead2 ? 2 : 0;
     }
-    if ((lead & 0xF0) == kLead3 && Continues(text[1]) && Continues(text[2])) {
-        return lead > kLead3 || static_cast<Byte>(text[1]) > 0x9F ? 3 : 0;
+    if ((lead & kLead3Mask) == kLead3 && Continues(text[1]) && Continues(text[2])) {
+        return lead > kLead3 || static_cast<Byte>(text[1]) > kLastTooLongSecond ? 3 : 0;
     }
     return 0;
 }
@@ -130,6 +143,13 @@ jobject NewObject(JNIEnv* env, const char* className) {
     return made;
 }
 
+template <typename Value>
+Value Report(JNIEnv* env, jobject object, int result, const char* text, Value (*make)(JNIEnv*, const char*)) {
+    Value made = text == nullptr ? nullptr : make(env, text);
+    SetError(env, object, text != nullptr && made == nullptr ? TABVEX_INTERNAL_FAILURE : result);
+    return made;
+}
+
 } // namespace
 
 CJavaBytes::CJavaBytes(JNIEnv* env, jstring text) {
@@ -142,7 +162,7 @@ CJavaBytes::CJavaBytes(JNIEnv* env, jstring text) {
         env->ExceptionClear();
         return;
     }
-    if (Allocate(env->GetStringUTFLength(text))) {
+    if (Allocate(std::strlen(chars))) { // modified UTF-8 has no byte of 0 in it
         std::memcpy(Get(), chars, static_cast<std::size_t>(m_nLength));
     }
     env->ReleaseStringUTFChars(text, chars);
@@ -153,18 +173,21 @@ CJavaBytes::CJavaBytes(JNIEnv* env, jbyteArray bytes) {
         m_nCode = TABVEX_BAD_ARGUMENT;
         return;
     }
-    if (Allocate(env->GetArrayLength(bytes))) {
+    if (Allocate(static_cast<std::size_t>(env->GetArrayLength(bytes)))) {
         env->GetByteArrayRegion(bytes, 0, m_nLength, reinterpret_cast<jbyte*>(Get()));
     }
 }
 
-bool CJavaBytes::Allocate(int length) {
-    m_pBytes.reset(new (std::nothrow) char[static_cast<std::size_t>(length) + 1]);
+bool CJavaBytes::Allocate(std::size_t length) {
+    if (length > kLongestText) {
+        return false;
+    }
+    m_pBytes.reset(new (std::nothrow) char[length + 1]);
     if (m_pBytes == nullptr) {
         return false;
     }
-    m_pBytes[static_cast<std::size_t>(length)] = '\0';
-    m_nLength = length;
+    m_pBytes[length] = '\0';
+    m_nLength = static_cast<int>(length);
     m_nCode = TABVEX_OK;
     return true;
 }
@@ -176,15 +199,11 @@ void SetError(JNIEnv* env, jobject object, int code) {
 }
 
 jstring ReportText(JNIEnv* env, jobject object, int result, const char* text) {
-    jstring made = text == nullptr ? nullptr : NewText(env, text);
-    SetError(env, object, text != nullptr && made == nullptr ? TABVEX_INTERNAL_FAILURE : result);
-    return made;
+    return Report(env, object, result, text, NewText);
 }
 
 jbyteArray ReportBytes(JNIEnv* env, jobject object, int result, const char* text) {
-    jbyteArray made = text == nullptr ? nullptr : NewBytes(env, text);
-    SetError(env, object, text != nullptr && made == nullptr ? TABVEX_INTERNAL_FAILURE : result);
-    return made;
+    return Report(env, object, result, text, NewBytes);
 }
 
 jobject ReportMutation(JNIEnv* env, jobject object, const char* className, const CMutationTexts* mutation) {

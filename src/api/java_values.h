@@ -6,6 +6,7 @@
 
 #include <jni.h>
 
+#include <cstddef>
 #include <memory>
 
 #include "tabvex/result_codes.h"
@@ -21,15 +22,15 @@ public:
 
     /// True when there is a copy; otherwise Code tells why not.
     bool IsHere() const { return m_nCode == TABVEX_OK; }
-    bool IsNull() const { return m_nCode == TABVEX_BAD_ARGUMENT; }
-    /// TABVEX_OK; TABVEX_BAD_ARGUMENT for null; TABVEX_INTERNAL_FAILURE without memory.
+    /// TABVEX_OK; TABVEX_BAD_ARGUMENT for null; TABVEX_INTERNAL_FAILURE without memory, or when Size would pass
+    /// INT_MAX.
     int Code() const { return m_nCode; }
     char* Get() const { return m_pBytes.get(); }
     /// Length of the copy with its terminator.
     int Size() const { return m_nLength + 1; }
 
 private:
-    bool Allocate(int length);
+    bool Allocate(std::size_t length);
 
     std::unique_ptr<char[]> m_pBytes;
     int m_nLength = 0;

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <climits>
 #include <string>
 
 #include "support/fake_java.h"
@@ -64,6 +65,13 @@ TEST_F(JavaValues, AStringThatThereIsNoMemoryForIsAFailureWithoutAnException) {
     m_Java.FailAfter(0);
     EXPECT_EQ(CJavaBytes(m_Java.Env(), m_Java.String("x")).Code(), -98);
     EXPECT_FALSE(m_Java.IsExceptionPending());
+}
+
+TEST_F(JavaValues, BytesWhoseSizeWithTerminatorIsBeyondAnIntAreAFailure) {
+    m_Java.ClaimLength(INT_MAX);
+    const CJavaBytes bytes(m_Java.Env(), m_Java.Bytes("x"));
+    EXPECT_EQ(bytes.Code(), -98);
+    EXPECT_EQ(bytes.Get(), nullptr);
 }
 
 TEST_F(JavaValues, BytesOfNoCharacterBecomeTheCharacterOfTheirNumber) {

@@ -10,7 +10,15 @@ namespace {
 
 CFakeJava* g_pJava = nullptr; // the functions of the table are told the JNIEnv only
 
-const char* const kSetters[] = {"setError", "setCode", "setValue", "setSubtype", "setSubtypeAV"};
+struct CSetter {
+    const char* Name;
+    const char* Signature;
+};
+constexpr CSetter kSetters[] = {{"setError", "(I)V"},
+                                {"setCode", "(Ljava/lang/String;)V"},
+                                {"setValue", "(F)V"},
+                                {"setSubtype", "(Ljava/lang/String;)V"},
+                                {"setSubtypeAV", "(Ljava/lang/String;)V"}};
 
 } // namespace
 
@@ -31,18 +39,13 @@ struct CFakeJava::CFunctions {
         ++g_pJava->m_nCopiesOut;
         return Text(text).c_str();
     }
-    static jsize JNICALL GetStringUTFLength(JNIEnv*, jstring text) {
-        Java();
-        return static_cast<jsize>(Text(text).size());
-    }
     static void JNICALL ReleaseStringUTFChars(JNIEnv*, jstring, const char*) { --Java().m_nCopiesOut; }
     static jstring JNICALL NewStringUTF(JNIEnv*, const char* text) {
         return Java().Allocate() ? static_cast<jstring>(static_cast<jobject>(g_pJava->Make(text))) : nullptr;
     }
 
     static jsize JNICALL GetArrayLength(JNIEnv*, jarray array) {
-        Java();
-        return static_cast<jsize>(Text(array).size());
+        return Java().m_nClaimedLength >= 0 ? g_pJava->m_nClaimedLength : static_cast<jsize>(Text(array).size());
     }
     static void JNICALL GetByteArrayRegion(JNIEnv*, jbyteArray array, jsize start, jsize length, jbyte* buffer) {
         Java();
@@ -67,11 +70,11 @@ struct CFakeJava::CFunctions {
     static jobject JNICALL AllocObject(JNIEnv*, jclass type) {
         return Java().Allocate() ? g_pJava->Make("object of " + Text(type)) : nullptr;
     }
-    static jmethodID JNICALL GetMethodID(JNIEnv*, jclass, const char* name, const char*) {
+    static jmethodID JNICALL GetMethodID(JNIEnv*, jclass, const char* name, const char* signature) {
         Java();
-        for (const char* const& setter : kSetters) {
-            if (std::strcmp(setter, name) == 0) {
-                return reinterpret_cast<jmethodID>(const_cast<const char**>(&setter));
+        for (const CSetter& setter : kSetters) {
+            if (std::strcmp(setter.Name, name) == 0 && std::strcmp(setter.Signature, signature) == 0) {
+                return reinterpret_cast<jmethodID>(const_cast<CSetter*>(&setter));
             }
         }
         g_pJava->m_bPending = true;
@@ -79,7 +82,7 @@ struct CFakeJava::CFunctions {
     }
     static void JNICALL CallVoidMethodA(JNIEnv*, jobject object, jmethodID method, const jvalue* arguments) {
         Java();
-        const std::string setter = *reinterpret_cast<const char**>(method);
+        const std::string setter = reinterpret_cast<const CSetter*>(method)->Name;
         if (setter == "setError") {
             g_pJava->m_Codes.push_back(arguments[0].i);
         } else if (setter == "setValue") {
@@ -98,7 +101,6 @@ CFakeJava::CFakeJava() {
     g_pJava = this;
     m_Env.functions = &m_Functions;
     m_Functions.GetStringUTFChars = CFunctions::GetStringUTFChars;
-    m_Functions.GetStringUTFLength = CFunctions::GetStringUTFLength;
     m_Functions.ReleaseStringUTFChars = CFunctions::ReleaseStringUTFChars;
     m_Functions.NewStringUTF = CFunctions::NewStringUTF;
     m_Functions.GetArrayLength = CFunctions::GetArrayLength;

@@ -24,6 +24,8 @@ public:
     jstring String(const std::string& modifiedUtf8);
     jbyteArray Bytes(const std::string& bytes);
     static std::string TextOf(jobject made);
+    /// Byte arrays tell this length from now on, whatever they hold.
+    void ClaimLength(int length) { m_nClaimedLength = length; }
 
     /// The codes that setError was told since the last time this was asked.
     std::vector<int> TakeCodes();
@@ -48,6 +50,7 @@ private:
     std::vector<std::unique_ptr<CObject>> m_Objects;
     std::vector<int> m_Codes;
     int m_nAllocationsLeft = 1000;
+    int m_nClaimedLength = -1;
     int m_nCopiesOut = 0;
     bool m_bPending = false;
 };

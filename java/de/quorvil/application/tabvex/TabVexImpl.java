@@ -35,7 +35,10 @@ import java.nio.charset.Charset;
  * ASCII that is all there is to it. A byte that belongs to no character of modified UTF-8, as the umlauts of
  * windows-1252 mostly do not, comes back as the character of the same number (0xFC as U+00FC), but the string does not
  * go back into the record as that byte: U+00FC is written as two bytes. So texts that may hold anything but ASCII
- * should travel through {@link #readText} and {@link #writeText}, which lose nothing, or as bytes.
+ * should travel through {@link #readText} and {@link #writeText}, or as bytes. Those are in windows-1252, which the
+ * library converts to and from the code page of the records, 850. What both have, umlauts and all, comes back as it
+ * was. A character that one of the two lacks becomes a similar one or "?" there, and the result is 0 all the same:
+ * the euro sign is written as "?", U+0160 as "S".
  *
  * <p><b>Threads.</b> Nothing is locked. All record sets together are to be used by one thread at a time.
  *
@@ -44,7 +47,6 @@ import java.nio.charset.Charset;
  */
 public class TabVexImpl {
     private static final Charset ANSI = Charset.forName("windows-1252");
-    private static final int BAD_ARGUMENT = -1;
 
     static {
         NativeLibrary.load();
@@ -84,7 +86,8 @@ public class TabVexImpl {
      * Reports 0; -1: it cannot be opened; -2: no table-line reader beside the library; -3: it cannot be read; -4: it
      * has no header; -15: another version.
      *
-     * @param file the path, in ASCII where the system's file names are not UTF-8
+     * @param file the path, as everywhere: in ASCII where the system's file names are not UTF-8, and with characters up
+     *        to U+FFFF where they are, as modified UTF-8 writes those beyond in another way
      */
     public native void loadTable(int handle, String file, int versionMajor, int versionMinor);
 
@@ -125,9 +128,9 @@ public class TabVexImpl {
 
     /**
      * Reads a number without decimals. Reports 0; -50: the item is no number; -55: it has decimals; -66: the field holds
-     * no number; -101: it is blank.
+     * no number, or one with its sign at the end; -101: it is blank.
      *
-     * @return the value; 0 when it could not be read
+     * @return the value; with -66 the number that the field begins with, as far as there is one; otherwise 0
      */
     public native int readIntItem(int handle, int item);
 
@@ -135,7 +138,8 @@ public class TabVexImpl {
      * Reads a number with decimals. Reports 0; -50: the item is no number; -55: it has no decimals; -66: the field holds
      * no number; -101: it is blank.
      *
-     * @return the value; 0.0 when it could not be read
+     * @return the value; with -66 the number that the field begins with, as far as there is one, as it stands there:
+     *         implied decimals are not taken off; otherwise 0.0
      */
     public native double readFloatItem(int handle, int item);
 
@@ -336,8 +340,8 @@ public class TabVexImpl {
     // --- Items as bytes ----------------------------------------------------------------------------------------------
 
     /**
-     * {@link #readCharItem} with the bytes of the text, in windows-1252, and without a limit of length. It is the
-     * library's ReadCharItem and reports what that gives.
+     * {@link #readCharItem} with the bytes of the text, in windows-1252, of which there may be up to 640, as in the
+     * longest record. It is the library's ReadCharItem and reports what that gives.
      *
      * @return the bytes, or null unless 0 is reported
      */
@@ -367,25 +371,25 @@ public class TabVexImpl {
 
     /**
      * Writes the text of an item of any format, umlauts and all, through {@link #writeItemBytes}. Reports what that
-     * does; -1, with nothing written, for a text with characters that windows-1252 does not have.
+     * does; -1, with nothing written, for a text with U+0000 or with characters that windows-1252 does not have. Those
+     * that windows-1252 has and the records' code page does not are written as similar ones, or as "?".
      */
     public void writeText(int handle, int item, String text) {
-        byte[] bytes = null;
-        if (text != null) {
-            try {
-                bytes = ansi(text);
-            } catch (CharacterCodingException unmappable) {
-                setError(BAD_ARGUMENT);
-                return;
-            }
-        }
-        writeItemBytes(handle, item, bytes);
+        writeItemBytes(handle, item, ansi(text)); // which reports -1 for null
     }
 
-    private static byte[] ansi(String text) throws CharacterCodingException {
-        ByteBuffer encoded = ANSI.newEncoder().encode(CharBuffer.wrap(text));
-        byte[] bytes = new byte[encoded.remaining()];
-        encoded.get(bytes);
-        return bytes;
+    /** The text in windows-1252; null when it cannot be written in it, or not whole: the library stops at U+0000. */
+    private static byte[] ansi(String text) {
+        if (text == null || text.indexOf('\0') >= 0) {
+            return null;
+        }
+        try {
+            ByteBuffer encoded = ANSI.newEncoder().encode(CharBuffer.wrap(text));
+            byte[] bytes = new byte[encoded.remaining()];
+            encoded.get(bytes);
+            return bytes;
+        } catch (CharacterCodingException unmappable) {
+            return null;
+        }
     }
 }

@@ -67,8 +67,10 @@ class OwnClassTest {
             assertEquals(row[1], Files.size(saved), "flag " + row[0]);
         }
         assertFalse(records.useX4New(handle, 1));
+        assertTrue(records.useX4New(handle, 256));
+        assertFalse(records.useX4New(handle, 0x101));
         assertTrue(records.useX4New(handle, 0));
-        assertReported(0, 1);
+        assertReported(0, 1, 0, 1);
     }
 
     @Test

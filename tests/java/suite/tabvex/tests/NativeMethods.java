@@ -4,6 +4,7 @@ import de.quorvil.application.tabvex.TabVexImpl;
 import java.lang.reflect.InvocationTargetException;
 import java.lang.reflect.Method;
 import java.lang.reflect.Modifier;
+import java.nio.file.Path;
 import java.util.Arrays;
 import java.util.Comparator;
 import java.util.Map;
@@ -16,6 +17,9 @@ final class NativeMethods {
     static final Set<String> SILENT =
             Set.of("createInstance", "destroyInstance", "setMutationList", "setRepairMethodList");
 
+    private static final Set<String> WITH_FILE =
+            Set.of("loadTable", "saveAllRecords", "readAllRecordsEx", "readVRecords");
+
     private static final Map<Class<?>, Object> ARGUMENTS = Map.of(int.class, 1, boolean.class, true, char.class, '/',
             double.class, 1.0, String.class, "X1", byte[].class, new byte[] {'x'});
 
@@ -27,10 +31,14 @@ final class NativeMethods {
                 .sorted(Comparator.comparing(Method::getName));
     }
 
-    static Object[] arguments(Method method, int handle) {
+    /** The arguments for a method; a file is one in the folder. */
+    static Object[] arguments(Method method, int handle, Path folder) {
         Object[] arguments = Arrays.stream(method.getParameterTypes()).map(ARGUMENTS::get).toArray();
         if (arguments.length > 0) {
             arguments[0] = handle;
+        }
+        if (WITH_FILE.contains(method.getName())) {
+            arguments[1] = folder.resolve("file").toString();
         }
         return arguments;
     }

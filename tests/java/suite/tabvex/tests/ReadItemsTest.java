@@ -3,9 +3,17 @@ package tabvex.tests;
 import static org.junit.jupiter.api.Assertions.assertEquals;
 import static org.junit.jupiter.api.Assertions.assertNull;
 
+import java.nio.file.Files;
+import java.nio.file.Path;
+import java.util.ArrayList;
+import java.util.List;
 import org.junit.jupiter.api.Test;
+import org.junit.jupiter.api.io.TempDir;
 
 class ReadItemsTest extends RecordSetTest {
+    @TempDir
+    Path folder;
+
     @Test
     void aCharacterItemComesInItsFullLength() {
         readSample("all-types.rec");
@@ -46,14 +54,25 @@ class ReadItemsTest extends RecordSetTest {
         assertReported(-40, -40, -40, -40, -40, -40, -40, -40, -40, -40);
     }
 
+    private void loadTable(String... sections) throws Exception {
+        List<String> lines = new ArrayList<>(List.of("[HEADER]", "VERSION = 1.0", "DELIMITER = |", "NEWLINE = ^"));
+        lines.addAll(List.of(sections));
+        Path table = Files.write(folder.resolve("small.table"), lines);
+        records.loadTable(handle, table.toString(), 1, 0);
+        assertReported(0);
+    }
+
     @Test
-    void sixtyThreeCharactersAreReadAndOneMoreIsRefusedOnPurpose() {
-        // T0 has one item of 121 characters, XT02 one of 40.
-        readSample("all-types.rec");
-        assertNull(records.readItem(handle, 34005));
-        assertNull(records.readCharItem(handle, 34005));
-        assertReported(-1000, -1000);
-        assertEquals(40, records.readItem(handle, 2370).length());
+    void sixtyThreeCharactersAreReadAndOneMoreIsRefusedOnPurpose() throws Exception {
+        loadTable("[DATA_X1]", "1090|63|1|C|", "1100|64|65|C|");
+        String line = "63 characters" + ".".repeat(50) + "-" + "64 characters" + ".".repeat(51);
+        addLine("X1", line);
+        assertEquals(line.substring(0, 63), records.readItem(handle, 1090));
+        assertEquals(line.substring(0, 63), records.readCharItem(handle, 1090));
+        assertNull(records.readItem(handle, 1100));
+        assertNull(records.readCharItem(handle, 1100));
+        assertReported(0, 0, -1000, -1000);
+        assertEquals(line.substring(64), records.readText(handle, 1100));
         assertReported(0);
     }
 
@@ -71,6 +90,21 @@ class ReadItemsTest extends RecordSetTest {
         assertEquals(0, records.readIntItem(handle, 1060));
         assertEquals(0.0, records.readFloatItem(handle, 1130));
         assertReported(-101, -101);
+    }
+
+    @Test
+    void ofWhatIsNoNumberTheBeginningIsReadWithItsCode() {
+        loadTable();
+        addLine("X1", padded(padded("X10001", 60) + "12x", 123) + "81x");
+        assertEquals(12, records.readIntItem(handle, 1060));
+        assertEquals(81.0, records.readFloatItem(handle, 1130), "two implied decimals are not taken off");
+        assertReported(-66, -66);
+        records.destroyAllRecords(handle);
+        assertReported(0);
+        addLine("X1", padded(padded("X10001", 60) + "x12", 123) + "x81");
+        assertEquals(0, records.readIntItem(handle, 1060));
+        assertEquals(0.0, records.readFloatItem(handle, 1130));
+        assertReported(-66, -66);
     }
 
     @Test
@@ -118,6 +152,23 @@ class ReadItemsTest extends RecordSetTest {
         assertReported(0);
         assertEquals("Air conditioning   /   1250.00", records.readHardDynItem(handle, 2120));
         assertReported(0);
+    }
+
+    /** Items that lie over each other, as no real table has them: that is how a line gives more than it has. */
+    @Test
+    void anAssembledTextIsCutTo255CharactersAndDeliveredOnPurpose() throws Exception {
+        String line = "X20001 " + "0123456789".repeat(12) + "1"; // a line from its eighth character on has 121
+        String entry = line.substring(7);
+        loadTable("[DATA_X2N]", "2120|127|8|C|", "2125|127|8|C|");
+        addLine("X2N", line);
+        assertEquals(padded(entry, 127) + "/" + padded(entry, 127), records.readHardDynItem(handle, 2120));
+        assertReported(0);
+        records.destroyAllRecords(handle);
+        assertReported(0);
+        loadTable("[DATA_X2N]", "2120|134|8|C|", "2125|121|8|C|");
+        addLine("X2N", line);
+        assertEquals(padded(entry, 134) + "/" + entry.substring(0, 120), records.readHardDynItem(handle, 2120));
+        assertReported(-1000);
     }
 
     @Test

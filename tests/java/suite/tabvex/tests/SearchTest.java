@@ -60,9 +60,19 @@ class SearchTest extends RecordSetTest {
     void theDelimiterBeforeIsGivenBack() {
         assertEquals('/', records.setDelimiter(handle, '|'));
         assertEquals('|', records.setDelimiter(handle, '\u00E4'));
-        assertEquals('\u00E4', records.setDelimiter(handle, '\u0141')); // its low byte is that of "A"
-        assertEquals('A', records.setDelimiter(handle, '/'));
-        assertReported(0, 0, 0, 0);
+        assertEquals('\u00E4', records.setDelimiter(handle, '/'));
+        assertReported(0, 0, 0);
+    }
+
+    @Test
+    void theLowByteOfADelimiterAboveU00FFCountsOnPurpose() {
+        loadTable();
+        records.setDelimiter(handle, '\u013B'); // its low byte is that of ";"
+        records.writeHardDynItem(handle, 2120, "Spoiler;99.50");
+        assertEquals(';', records.setDelimiter(handle, '\uFFE4'));
+        assertEquals('\u00E4', records.setDelimiter(handle, '\u0100'));
+        assertEquals('\0', records.setDelimiter(handle, '/'));
+        assertReported(0, 0, 0, 0, 0);
     }
 
     @Test

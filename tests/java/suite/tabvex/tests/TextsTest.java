@@ -105,6 +105,24 @@ class TextsTest extends RecordSetTest {
         assertReported(0);
     }
 
+    @ParameterizedTest
+    @CsvSource({"20AC, ?", "0160, S", "2013, -", "2026, .", "2122, T", "2020, +"})
+    void aCharacterThatCodePage850DoesNotHaveIsWrittenAsASimilarOneOnPurpose(String character, String written) {
+        records.writeText(handle, 1090, "a" + (char) Integer.parseInt(character, 16) + "b");
+        assertReported(0);
+        assertEquals(padded("a" + written + "b", 20), records.readText(handle, 1090));
+        assertReported(0);
+    }
+
+    @Test
+    void aTextThatWouldEndEarlyIsRefused() {
+        records.writeText(handle, 1090, "ab\0c");
+        records.writeText(handle, 1090, "\0");
+        assertReported(-1, -1);
+        assertEquals(padded("J\u00FCrgen K\u00F6hler", 20), records.readText(handle, 1090));
+        assertReported(0);
+    }
+
     @Test
     void whatCannotBeReadIsNull() {
         assertNull(records.readText(handle, 1021));
@@ -183,13 +201,16 @@ class TextsTest extends RecordSetTest {
         assertReported(0, 0, 0);
     }
 
-    @Test
-    void fileNamesTravelAsModifiedUtf8() throws Exception {
-        records.saveAllRecords(handle, folder + "/gr\u00F6\u00DFer", true);
+    /** The last one is beyond U+FFFF, for which UTF-8 is F0 9F 98 80. */
+    @ParameterizedTest
+    @CsvSource({"gr\u00F6\u00DFer, gr%C3%B6%C3%9Fer", "\uFFE6, %EF%BF%A6", "\uD83D\uDE00, %ED%A0%BD%ED%B8%80"})
+    void fileNamesTravelAsModifiedUtf8OnPurpose(String name, String bytes) throws Exception {
+        records.saveAllRecords(handle, folder + "/" + name, true);
         assertReported(records.getError());
+        assertTrue(records.getError() > 0);
         try (Stream<Path> files = Files.list(folder)) {
             String saved = files.findAny().get().toUri().toString(); // shows the bytes of the name in any locale
-            assertTrue(saved.endsWith("/gr%C3%B6%C3%9Fer"), saved);
+            assertTrue(saved.endsWith("/" + bytes), saved);
         }
     }
 }
