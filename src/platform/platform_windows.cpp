@@ -50,8 +50,8 @@ CFile::~CFile() {
 
 bool CFile::OpenForReading(const char* fileName) {
     const CNoErrorBoxes quiet;
-    m_nHandle = NumberOf(::CreateFileA(fileName, GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING,
-                                       FILE_ATTRIBUTE_NORMAL, nullptr));
+    m_nHandle = NumberOf(
+        ::CreateFileA(fileName, GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
     return IsOpen();
 }
 
