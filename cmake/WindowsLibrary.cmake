@@ -5,7 +5,7 @@ function(tabvex_windows_exports target)
   set(def ${CMAKE_CURRENT_BINARY_DIR}/${target}.def)
   file(CONFIGURE OUTPUT ${def} CONTENT "EXPORTS\n    @names@\n" @ONLY)
   target_sources(${target} PRIVATE ${def})
-  # On x86 the linker would export functions of the calling convention of Java natives as <name>@<bytes of arguments>.
-  target_link_options(${target} PRIVATE -Wl,--kill-at)
+  # On x86, natives for Java are functions <name>@<bytes of arguments> in here, and <name> for those who look them up.
+  target_link_options(${target} PRIVATE -Wl,--kill-at -Wl,--enable-stdcall-fixup)
   set_target_properties(${target} PROPERTIES PREFIX "" LINK_DEPENDS ${def})
 endfunction()
