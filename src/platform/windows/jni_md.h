@@ -1,6 +1,7 @@
 /*
  * The machine-dependent part of the Java Native Interface on Windows, as its documentation gives it; jni.h includes it.
- * The one that a Linux JDK has leaves natives unexported here.
+ * The one that a Linux JDK has leaves natives unexported here. The jni.h of a JDK that no longer serves x86 overrides
+ * JNICALL: natives for x86 need an earlier one, such as that of JDK 17.
  */
 #ifndef TABVEX_JNI_MD_H
 #define TABVEX_JNI_MD_H
