@@ -45,7 +45,7 @@ static void Change(void) {
 int main(int argc, char** argv) {
     int handle = 0;
     if (argc != 4) {
-        fprintf(stderr, "usage: c_example TABLE FILE OUT\n");
+        (void)fprintf(stderr, "usage: c_example TABLE FILE OUT\n");
         return 2;
     }
     Tell("LoadTable", LoadTable(argv[1], 3, 2));
