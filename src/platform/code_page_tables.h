@@ -6,10 +6,11 @@
 #include <array>
 #include <cstddef>
 
+#include "platform/platform.h"
+
 namespace tabvex {
 
 using CUpperHalf = std::array<unsigned char, 128>;
-using CCodePageTable = std::array<unsigned char, 256>;
 
 // clang-format off
 // From an OEM page to 1252 and back; the rows of sixteen characters begin at 80.
@@ -82,11 +83,12 @@ struct CCodePagePair {
     int Ansi;
     CCodePageTable OemToAnsi;
     CCodePageTable AnsiToOem;
+    bool KeepAscii; ///< neither table changes a character below 128
 };
 
 inline constexpr CCodePagePair kCodePagePairs[] = {
-    {850, 1252, WholeTable(kUpper850To1252), WholeTable(kUpper1252To850)},
-    {437, 1252, WholeTable(kUpper437To1252), WholeTable(kUpper1252To437)},
+    {850, 1252, WholeTable(kUpper850To1252), WholeTable(kUpper1252To850), true},
+    {437, 1252, WholeTable(kUpper437To1252), WholeTable(kUpper1252To437), true},
 };
 
 } // namespace tabvex

@@ -9,7 +9,28 @@
 namespace tabvex {
 namespace {
 
-const CCodePagePair& kDefaultPair = kCodePagePairs[0];
+bool KeepsAscii(const CCodePageTable& table) {
+    std::size_t i = 0;
+    while (i < 128 && table[i] == i) {
+        ++i;
+    }
+    return i == 128;
+}
+
+// The system's own pages where it has some.
+CCodePagePair FindDefaultPair() {
+    CCodePagePair pair = {};
+    if (!FindSystemCodePages(pair.OemToAnsi, pair.AnsiToOem)) {
+        return kCodePagePairs[0];
+    }
+    pair.KeepAscii = KeepsAscii(pair.OemToAnsi) && KeepsAscii(pair.AnsiToOem);
+    return pair;
+}
+
+const CCodePagePair& DefaultPair() {
+    static const CCodePagePair pair = FindDefaultPair();
+    return pair;
+}
 
 // Most texts hold nothing above 127, which every page has in common; telling that is much quicker than converting.
 bool IsAscii(const char* text, std::size_t size) {
@@ -20,8 +41,8 @@ bool IsAscii(const char* text, std::size_t size) {
     return all < 128;
 }
 
-void Convert(const unsigned char* table, char* text, std::size_t size) {
-    if (IsAscii(text, size)) {
+void Convert(const CCodePageTable& table, bool keepAscii, char* text, std::size_t size) {
+    if (keepAscii && IsAscii(text, size)) {
         return;
     }
     for (std::size_t i = 0; i < size; ++i) {
@@ -31,7 +52,7 @@ void Convert(const unsigned char* table, char* text, std::size_t size) {
 
 } // namespace
 
-CCodePages::CCodePages() : m_pOemToAnsi(kDefaultPair.OemToAnsi.data()), m_pAnsiToOem(kDefaultPair.AnsiToOem.data()) {}
+CCodePages::CCodePages() : m_pPair(&DefaultPair()) {}
 
 int CCodePages::Select(int oem, int ansi) {
     const auto* const pair =
@@ -40,17 +61,16 @@ int CCodePages::Select(int oem, int ansi) {
     if (pair == std::end(kCodePagePairs)) {
         return TABVEX_BAD_ARGUMENT;
     }
-    m_pOemToAnsi = pair->OemToAnsi.data();
-    m_pAnsiToOem = pair->AnsiToOem.data();
+    m_pPair = pair;
     return TABVEX_OK;
 }
 
 void CCodePages::OemToAnsi(char* text, std::size_t size) const {
-    Convert(m_pOemToAnsi, text, size);
+    Convert(m_pPair->OemToAnsi, m_pPair->KeepAscii, text, size);
 }
 
 void CCodePages::AnsiToOem(char* text, std::size_t size) const {
-    Convert(m_pAnsiToOem, text, size);
+    Convert(m_pPair->AnsiToOem, m_pPair->KeepAscii, text, size);
 }
 
 } // namespace tabvex

@@ -5,6 +5,8 @@
 
 namespace tabvex {
 
+struct CCodePagePair;
+
 /// A pair of code pages. On Windows the pair of the system, until pages are selected; elsewhere 850 and 1252.
 class CCodePages {
 public:
@@ -14,13 +16,13 @@ public:
     /// have.
     int Select(int oem, int ansi);
 
-    /// Converts `size` characters in place; NULs and characters below 128 stay as they are.
+    /// Converts `size` characters in place. NULs stay as they are, and so do characters below 128 unless the system's
+    /// pages have them otherwise.
     void OemToAnsi(char* text, std::size_t size) const;
     void AnsiToOem(char* text, std::size_t size) const;
 
 private:
-    const unsigned char* m_pOemToAnsi; // 256 bytes each
-    const unsigned char* m_pAnsiToOem;
+    const CCodePagePair* m_pPair;
 };
 
 } // namespace tabvex

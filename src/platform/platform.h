@@ -1,6 +1,7 @@
 // What the library asks of the operating system; one source file per system implements it.
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -78,6 +79,14 @@ private:
 /// Folder of the file that holds this code, with the separator behind it; empty when the path has no folder.
 /// False when the system cannot tell.
 bool FindOwnFolder(std::string& folder);
+
+/// What every character of one code page becomes in another.
+using CCodePageTable = std::array<unsigned char, 256>;
+
+/// Tells what the system makes of the characters of its OEM code page when it converts them to its ANSI code page, and
+/// the other way round. False where the system has no such pages, or no table can tell because a character takes
+/// several bytes.
+bool FindSystemCodePages(CCodePageTable& oemToAnsi, CCodePageTable& ansiToOem);
 
 /// File name of the table-line reader.
 extern const char* const kTableReaderFile;

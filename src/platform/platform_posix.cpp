@@ -147,4 +147,8 @@ bool FindOwnFolder(std::string& folder) {
     return true;
 }
 
+bool FindSystemCodePages(CCodePageTable& /*oemToAnsi*/, CCodePageTable& /*ansiToOem*/) {
+    return false;
+}
+
 } // namespace tabvex

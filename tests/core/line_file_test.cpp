@@ -6,6 +6,7 @@
 #include <gmock/gmock.h>
 
 #include "support/guard_buffer.h"
+#include "support/odd_files.h"
 #include "support/record_builder.h"
 #include "support/temp_folder.h"
 #include "tabvex/result_codes.h"
@@ -165,10 +166,9 @@ TEST_F(LineFile, RecordsMayHoldAnyByte) {
     EXPECT_EQ(buffer.Bytes(), bytes + std::string(1, '\0'));
 }
 
-#ifdef __linux__
 TEST_F(LineFile, AReadThatFailsIsToldFromTheEnd) {
-    // Opens like a file, but has nothing to read at its start.
-    ASSERT_EQ(m_File.Open("/proc/self/mem", kReading, 128), TABVEX_OK);
+    const CUnreadableFile unreadable;
+    ASSERT_EQ(m_File.Open(unreadable.Name(), kReading, 128), TABVEX_OK);
     CGuardBuffer buffer(129);
     std::string line;
     EXPECT_EQ(m_File.ReadRecord(buffer.Data()), TABVEX_FILE_READ_FAILED);
@@ -176,14 +176,16 @@ TEST_F(LineFile, AReadThatFailsIsToldFromTheEnd) {
 }
 
 TEST_F(LineFile, AWriteThatFailsIsToldByTheTimeTheFileIsClosed) {
-    ASSERT_EQ(m_File.Open("/dev/full", kWriting, 128), TABVEX_OK);
+    const CFullFile full;
+    ASSERT_EQ(m_File.Open(full.Name(), kWriting, 128), TABVEX_OK);
     const int written = m_File.WriteRecord("X1", 128);
     EXPECT_TRUE(written == 128 || written == TABVEX_FILE_WRITE_FAILED) << written;
     EXPECT_EQ(m_File.Close(), TABVEX_FILE_WRITE_FAILED);
 }
 
 TEST_F(LineFile, EveryWriteBehindOneThatFailedFails) {
-    ASSERT_EQ(m_File.Open("/dev/full", kWriting, 128), TABVEX_OK);
+    const CFullFile full;
+    ASSERT_EQ(m_File.Open(full.Name(), kWriting, 128), TABVEX_OK);
     const int enough = 1 << 16; // 8 MB: no buffer holds that
     int index = 0;
     while (index < enough && m_File.WriteRecord("X1", 128) == 128) {
@@ -193,7 +195,6 @@ TEST_F(LineFile, EveryWriteBehindOneThatFailedFails) {
     EXPECT_EQ(m_File.WriteRecord("X1", 128), -8);
     EXPECT_EQ(m_File.GetBytesStored(), 0U);
 }
-#endif
 
 TEST_F(LineFile, CrLfIsToldByTheTwoBytesBehindTheFirstRecord) {
     const std::string record(128, 'x');

@@ -1,6 +1,5 @@
 // What a save leaves in the file, in the caller's buffer and in the record set.
 #include <algorithm>
-#include <filesystem>
 #include <memory>
 #include <random>
 #include <string>
@@ -12,13 +11,13 @@
 #include "core/all_records.h"
 #include "records/list_record.h"
 #include "support/guard_buffer.h"
+#include "support/odd_files.h"
 #include "support/record_set_test.h"
 
 namespace {
 
 using ::testing::ElementsAre;
 
-constexpr const char* kFullDevice = "/dev/full";
 constexpr std::size_t kMarker = 6;
 constexpr std::size_t kStored = 130; // bytes of a line with its CR LF
 
@@ -410,18 +409,17 @@ TEST_F(SaveRecords, ANullFileNameGivesMinus1AndChangesNothing) {
 
 class SaveToAFullDevice : public SaveRecords {
 protected:
-    void SetUp() override {
-        if (!std::filesystem::exists(kFullDevice)) {
-            GTEST_SKIP() << "there is no " << kFullDevice;
-        }
-    }
+    int Save(int crlf) { return m_Records.SaveAllRecords(m_Full.Name(), crlf); }
+
+private:
+    CFullFile m_Full;
 };
 
 TEST_F(SaveToAFullDevice, EveryRecordAddsMinus8) {
     Read(LinesOfTypes(kThree));
-    EXPECT_EQ(m_Records.SaveAllRecords(kFullDevice, 1), -24);
+    EXPECT_EQ(Save(1), -24);
     EXPECT_EQ(m_Records.GetSaveErrors(), 3);
-    EXPECT_EQ(m_Records.SaveAllRecords(kFullDevice, 0), -24);
+    EXPECT_EQ(Save(0), -24);
     EXPECT_EQ(m_Records.GetSaveErrors(), 3);
 }
 
@@ -432,12 +430,12 @@ TEST_F(SaveToAFullDevice, ARecordOfManyLinesAddsMinus8Once) {
     }
     records.Add("Z2");
     Read(records);
-    EXPECT_EQ(m_Records.SaveAllRecords(kFullDevice, 1), -16);
+    EXPECT_EQ(Save(1), -16);
     EXPECT_EQ(m_Records.GetSaveErrors(), 2);
 }
 
 TEST_F(SaveToAFullDevice, AnEmptyStoreIsSavedEvenThere) {
-    EXPECT_EQ(m_Records.SaveAllRecords(kFullDevice, 1), 0);
+    EXPECT_EQ(Save(1), 0);
     EXPECT_EQ(m_Records.GetSaveErrors(), 0);
 }
 
@@ -445,7 +443,7 @@ TEST_F(SaveToAFullDevice, TheStoreKeepsEverythingButTheMarkers) {
     const CRecordBuilder records =
         CRecordBuilder().Add("X1", "     text").Put(127, "e").Add("W4", "     more").Add("FZ", " car");
     Read(records);
-    EXPECT_LT(m_Records.SaveAllRecords(kFullDevice, 1), 0);
+    EXPECT_LT(Save(1), 0);
     EXPECT_EQ(Saved(0), "X1    1text" + std::string(116, ' ') + "e" + Padded("W4    3more") + Padded("FZ car", 640));
     EXPECT_EQ(m_nResult, 3);
     EXPECT_EQ(m_Records.GetSaveErrors(), 0);

@@ -162,12 +162,14 @@ TEST(CodePages, CharactersBelow128StayInEveryPage) {
 }
 
 TEST(CodePages, EveryCharacterOf850Becomes1252) {
-    const CCodePages pages;
+    CCodePages pages;
+    ASSERT_EQ(pages.Select(850, 1252), 0);
     EXPECT_EQ(ToAnsi(pages, Range(128, 256)), UpperHalf(kPage850, kPage1252, Joined(kDrawnTo1252, kLettersTo1252)));
 }
 
 TEST(CodePages, EveryCharacterOf1252Becomes850) {
-    const CCodePages pages;
+    CCodePages pages;
+    ASSERT_EQ(pages.Select(850, 1252), 0);
     EXPECT_EQ(ToOem(pages, Range(128, 256)), UpperHalf(kPage1252, kPage850, Joined(kFrom1252, kFrom1252To850)));
 }
 
@@ -185,6 +187,7 @@ TEST(CodePages, EveryCharacterOf1252Becomes437) {
 
 TEST(CodePages, APlaceOf1252WithoutCharacterBecomesAQuestionMark) {
     CCodePages pages;
+    ASSERT_EQ(pages.Select(850, 1252), 0);
     EXPECT_EQ(ToOem(pages, kNoCharacter), "?????");
     ASSERT_EQ(pages.Select(437, 1252), 0);
     EXPECT_EQ(ToOem(pages, kNoCharacter), "?????");
@@ -215,7 +218,8 @@ TEST(CodePages, PagesItDoesNotHaveChangeNothing) {
 }
 
 TEST(CodePages, OnlyTheCharactersAskedForAreConverted) {
-    const CCodePages pages;
+    CCodePages pages;
+    ASSERT_EQ(pages.Select(850, 1252), 0);
     std::string text = std::string("\x84\0\x84\x84", 4);
     pages.OemToAnsi(text.data(), 3);
     EXPECT_EQ(text, std::string("\xE4\0\xE4\x84", 4));

@@ -242,7 +242,10 @@ TEST_F(MutationCommand, AChangedFileIsWrittenLikeASaveButFzRecordsKeepTheirLengt
                            Record("X100013") + Record("FZ0001 one"));
 }
 
-TEST_F(MutationCommand, TheModeOfAChangedFileIsKept) {
+// Files have modes on POSIX systems only.
+class MutationCommandPosix : public MutationCommand {};
+
+TEST_F(MutationCommandPosix, TheModeOfAChangedFileIsKept) {
     EXPECT_EQ(RunShell("chmod 640 '" + m_strFile + "'").Status, 0);
     EXPECT_EQ(Mutation("delete", {"--entry", "1", "EM"}).Status, 0);
     EXPECT_EQ(RunShell("stat -c %a '" + m_strFile + "'").Out, "640\n");

@@ -35,6 +35,11 @@ std::string NewFolder() {
 
 } // namespace
 
+std::string ToolFile() {
+    const char* other = std::getenv("TABVEX_TEST_TOOL");
+    return other != nullptr ? other : TABVEX_TOOL;
+}
+
 std::string Sample(const std::string& name) {
     return std::string(TABVEX_SAMPLES_DIR "/") + name;
 }
@@ -58,7 +63,7 @@ CToolResult CToolTest::RunShell(const std::string& command) const {
     const std::string out = m_strFolder + "/.out";
     const std::string errors = m_strFolder + "/.errors";
     const std::string script =
-        "TOOL() { " + Quoted(TABVEX_TOOL) + " \"$@\"; }\n{ " + command + "\n} >" + Quoted(out) + " 2>" + Quoted(errors);
+        "TOOL() { " + Quoted(ToolFile()) + " \"$@\"; }\n{ " + command + "\n} >" + Quoted(out) + " 2>" + Quoted(errors);
     const int status = std::system(("bash -c " + Quoted(script)).c_str()); // NOLINT(cert-env33-c): the tool's own shell
     CToolResult result;
     result.Status = WIFEXITED(status) ? WEXITSTATUS(status) : -1;

@@ -18,6 +18,8 @@ struct CToolResult {
     nlohmann::ordered_json Json() const { return nlohmann::ordered_json::parse(Out); }
 };
 
+/// The tool: the one that was built, or what TABVEX_TEST_TOOL names, such as a script that runs it elsewhere.
+std::string ToolFile();
 /// A sample file by its name.
 std::string Sample(const std::string& name);
 

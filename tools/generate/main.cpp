@@ -47,6 +47,7 @@ void AddRecords(CLI::App& app, Options& options) {
 
 int Run(int argc, char** argv) {
     CLI::App app("Writes sample and random calculation record files");
+    app.allow_windows_style_options(false); // the same arguments on every system
     app.require_subcommand(1);
     Options options;
     AddSamples(app, options);

@@ -16,9 +16,12 @@ public:
     explicit CRandom(std::uint64_t seed) : m_Engine(seed) {}
 
     // A number from 0 to limit - 1; limit is at least 1.
-    std::uint64_t Below(std::uint64_t limit) { return m_Engine() % limit; }
+    template <typename Number>
+    Number Below(Number limit) {
+        return static_cast<Number>(m_Engine() % static_cast<std::uint64_t>(limit));
+    }
     std::int64_t Between(std::int64_t lowest, std::int64_t highest);
-    bool InPercent(unsigned percent) { return Below(100) < percent; }
+    bool InPercent(unsigned percent) { return Below(100U) < percent; }
 
 private:
     std::mt19937_64 m_Engine;

@@ -7,6 +7,7 @@
 #include <memory>
 
 #include "exit_status.h"
+#include "tool_system.h"
 
 namespace tabvex::tool {
 
@@ -23,7 +24,7 @@ struct CFileCloser {
 } // namespace
 
 std::string ReadFileBytes(const std::string& fileName) {
-    const std::unique_ptr<std::FILE, CFileCloser> file(std::fopen(fileName.c_str(), "rb"));
+    const std::unique_ptr<std::FILE, CFileCloser> file(std::fopen(SystemFileName(fileName).c_str(), "rb"));
     if (file == nullptr) {
         ThrowCannotRead(fileName, errno);
     }

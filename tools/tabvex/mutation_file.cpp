@@ -8,6 +8,7 @@
 #include "record_shape.h"
 #include "text_encoder.h"
 #include "text_layout.h"
+#include "tool_system.h"
 
 namespace tabvex::tool {
 
@@ -187,7 +188,7 @@ void CMutationFile::ReadRecords() {
         throw CToolError(m_File.GetName() + ":" + std::to_string(findings.front().Line) + ": " + findings.front().Text,
                          kFindings);
     }
-    if (m_Records.ReadAllRecordsEx(m_File.GetName().c_str()) != TABVEX_OK) {
+    if (m_Records.ReadAllRecordsEx(SystemFileName(m_File.GetName()).c_str()) != TABVEX_OK) {
         throw CToolError(m_File.GetName() + ": the library cannot read it");
     }
 }

@@ -6,6 +6,7 @@
 
 #include "exit_status.h"
 #include "text_encoding.h"
+#include "tool_system.h"
 
 namespace tabvex::tool {
 
@@ -44,7 +45,7 @@ void COutput::Flush() {
     if (written && flushed) {
         return;
     }
-    if (error == EPIPE) {
+    if (IsClosedPipe(error)) {
         throw CClosedPipe();
     }
     throw CToolError(std::string("cannot write the output: ") + std::strerror(error)); // NOLINT(concurrency-mt-unsafe)

@@ -7,6 +7,7 @@
 #include "exit_status.h"
 #include "item_text.h"
 #include "table_text.h"
+#include "tool_system.h"
 
 namespace tabvex::tool {
 
@@ -39,7 +40,8 @@ const CEntryGroup* CRecordShape::FindGroup(int item) const {
 }
 
 void LoadTable(CAllRecords& records, const std::string& fileName, const CTableText& table) {
-    const int result = records.LoadTable(fileName.c_str(), table.GetVersionMajor(), table.GetVersionMinor());
+    const int result =
+        records.LoadTable(SystemFileName(fileName).c_str(), table.GetVersionMajor(), table.GetVersionMinor());
     if (result != TABVEX_OK) {
         throw CToolError(fileName + ": " + LoadFailure(result));
     }

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "exit_status.h"
+#include "tool_system.h"
 
 namespace tabvex::tool {
 
@@ -27,12 +28,12 @@ void CShowSource::ReadRecords() {
     LoadTable(m_Records, m_Options.Table, m_Table);
     m_Findings = m_File.Check();
     if (!m_File.IsFixed()) {
-        if (m_Records.ReadAll_V_Records(m_Options.File.c_str()) != TABVEX_READ_SUCCEEDED) {
+        if (m_Records.ReadAll_V_Records(SystemFileName(m_Options.File).c_str()) != TABVEX_READ_SUCCEEDED) {
             throw CToolError(m_Options.File + ": the library cannot read it");
         }
         return;
     }
-    const int result = m_Records.ReadAllRecordsEx(m_Options.File.c_str());
+    const int result = m_Records.ReadAllRecordsEx(SystemFileName(m_Options.File).c_str());
     if (result == TABVEX_READ_CANNOT_OPEN) {
         throw CToolError(m_Options.File + ": the library cannot read it");
     }

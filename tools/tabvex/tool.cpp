@@ -2,12 +2,14 @@
 
 #include <CLI/CLI.hpp>
 
-#include <csignal>
+#include <algorithm>
 #include <exception>
+#include <utility>
 
 #include "commands.h"
 #include "exit_status.h"
 #include "output.h"
+#include "tool_system.h"
 
 namespace tabvex::tool {
 
@@ -17,9 +19,10 @@ constexpr const char* kFooter =
     "Exit status: 0 fine, 1 something found wrong, 2 wrong usage, 3 a file cannot be read or written.\n"
     "'tabvex COMMAND --help' tells about a command, with examples.";
 
-int Parse(CLI::App& app, int argc, char** argv) {
+int Parse(CLI::App& app, std::vector<std::string> arguments) {
     try {
-        app.parse(argc, argv);
+        std::reverse(arguments.begin(), arguments.end()); // as the parser takes them
+        app.parse(std::move(arguments));
     } catch (const CLI::ParseError& error) {
         return app.exit(error) == 0 ? kFine : kUsage;
     }
@@ -29,6 +32,7 @@ int Parse(CLI::App& app, int argc, char** argv) {
 int Run(int argc, char** argv) {
     CLI::App app("Looks into calculation record files and the table files that describe them, checks and changes them",
                  "tabvex");
+    app.allow_windows_style_options(false); // the same arguments on every system
     app.set_version_flag("--version", "tabvex " TABVEX_TOOL_VERSION);
     app.require_subcommand(1);
     app.footer(kFooter);
@@ -42,23 +46,16 @@ int Run(int argc, char** argv) {
     AddMutationCommand(app, out, status);
     AddConvertCommand(app, out, status);
     AddDiffCommand(app, out, status);
-    const int parsed = Parse(app, argc, argv);
+    const int parsed = Parse(app, ArgumentsOf(argc, argv));
     out.Flush();
     return parsed == kFine ? status : parsed;
-}
-
-// A reader that has seen enough, like 'head', closes the pipe: a write then fails instead of killing the tool.
-void IgnoreClosedPipes() {
-#ifdef SIGPIPE
-    static_cast<void>(std::signal(SIGPIPE, SIG_IGN));
-#endif
 }
 
 } // namespace
 
 int RunTool(int argc, char** argv) noexcept {
-    IgnoreClosedPipes();
     try {
+        PrepareStreams();
         return Run(argc, argv);
     } catch (const CClosedPipe&) {
         return kFine;

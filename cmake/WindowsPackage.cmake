@@ -1,0 +1,16 @@
+# What callers on Windows get, and where in the archive: 'cpack' in the build folder packs it.
+install(TARGETS TabVex32X TBLREAD tabvex RUNTIME DESTINATION bin)
+install(FILES $<TARGET_LINKER_FILE:TabVex32X> ${PROJECT_BINARY_DIR}/src/TabVex32X.def DESTINATION lib)
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/include/tabvex DESTINATION include)
+install(FILES ${PROJECT_SOURCE_DIR}/LICENSE ${PROJECT_SOURCE_DIR}/docs/windows.md DESTINATION .)
+
+if(CMAKE_SIZEOF_VOID_P EQUAL 8)
+  set(architecture x86-64)
+else()
+  set(architecture x86)
+endif()
+set(CPACK_GENERATOR ZIP)
+set(CPACK_PACKAGE_VENDOR "The TabVex32X authors")
+set(CPACK_PACKAGE_FILE_NAME TabVex32X-${PROJECT_VERSION}-windows-${architecture})
+set(CPACK_STRIP_FILES ON)
+include(CPack)
