@@ -1,8 +1,10 @@
 // Item reads and writes and steps from entry to entry. Each counts what it allocates in a call.
 
+#include <algorithm>
 #include <array>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include <benchmark/benchmark.h>
 
@@ -11,6 +13,7 @@
 #include "child_process.h"
 #include "sample_table.h"
 #include "tabvex/all_records.h"
+#include "tabvex/mif.h"
 
 namespace {
 
@@ -213,6 +216,20 @@ void ReadNextAndItem(benchmark::State& state) {
 void Lines(benchmark::internal::Benchmark* bench) {
     bench->Unit(benchmark::kMillisecond)->Arg(1429)->Arg(14286)->Arg(142858);
 }
+// One call by handle, of so many instances, each in turn.
+void CallByHandle(benchmark::State& state) {
+    std::vector<int> handles(static_cast<std::size_t>(state.range(0)));
+    std::generate(handles.begin(), handles.end(), MifCreateInstance);
+    std::size_t next = 0;
+    for ([[maybe_unused]] auto iteration : state) {
+        benchmark::DoNotOptimize(MifSetDelimiter(handles[next], '/'));
+        next = next + 1 == handles.size() ? 0 : next + 1;
+    }
+    std::for_each(handles.begin(), handles.end(), MifDestroyInstance);
+    state.SetItemsProcessed(state.iterations());
+}
+BENCHMARK(CallByHandle)->Arg(1)->Arg(100)->Arg(10000);
+
 BENCHMARK(ReadNext)->Apply(Lines);
 BENCHMARK(ReadNextAndItem)->Apply(Lines);
 
