@@ -22,7 +22,7 @@ static int Failed(const char* what, int code) {
     if (code >= 0) {
         return 0;
     }
-    fprintf(stderr, "change_calculation: %s: failed with %d\n", what, code);
+    (void)fprintf(stderr, "change_calculation: %s: failed with %d\n", what, code);
     return 1;
 }
 
@@ -88,7 +88,7 @@ static int ChangeMileage(int handle, int mileage) {
 static int FindPart(int handle, const char* part) {
     int found = MifFindFirst(handle, kGuideNumber, part);
     if (found == TABVEX_FIND_NOTHING) {
-        fprintf(stderr, "change_calculation: no repair position for part %s\n", part);
+        (void)fprintf(stderr, "change_calculation: no repair position for part %s\n", part);
         return 1;
     }
     return Failed("finding a part", found);
@@ -154,12 +154,12 @@ int main(int argc, char** argv) {
     int handle = 0;
     int failed = 0;
     if (argc != 4) {
-        fprintf(stderr, "usage: change_calculation TABLE RECORDS OUTPUT\n");
+        (void)fprintf(stderr, "usage: change_calculation TABLE RECORDS OUTPUT\n");
         return 2;
     }
     handle = MifCreateInstance(); /* one calculation file in memory */
     if (handle == 0) {
-        fprintf(stderr, "change_calculation: out of memory\n");
+        (void)fprintf(stderr, "change_calculation: out of memory\n");
         return 1;
     }
     failed = Change(handle, argv[1], argv[2], argv[3]);

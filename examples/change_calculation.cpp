@@ -2,6 +2,7 @@
 //
 //     change_calculation TABLE RECORDS OUTPUT
 #include <cstdio>
+#include <iostream>
 #include <stdexcept>
 #include <string>
 
@@ -121,13 +122,13 @@ void Change(const char* table, const char* input, const char* output) {
 
 int main(int argc, char** argv) {
     if (argc != 4) {
-        std::fprintf(stderr, "usage: change_calculation TABLE RECORDS OUTPUT\n");
+        std::cerr << "usage: change_calculation TABLE RECORDS OUTPUT\n";
         return 2;
     }
     try {
         Change(argv[1], argv[2], argv[3]);
     } catch (const std::exception& failure) {
-        std::fprintf(stderr, "change_calculation: %s\n", failure.what());
+        std::cerr << "change_calculation: " << failure.what() << '\n';
         return 1;
     }
     return 0;

@@ -28,7 +28,7 @@ public:
     int HasDefault = 0;              ///< 1: the descriptor has a non-empty default text
     char Format = 'C';               ///< 'C' character, 'U' character in upper case, 'N' number, 'D' date
     std::string Default;             ///< text of the item in a record that is created
-    char Fill = ' ';                 ///< what stands before a number instead of blanks
+    char Fill = ' ';                 ///< what fills a number's field instead of blanks
     std::string Modifiers = "L";     ///< letters of L R S E P B; "L" only until a descriptor's modifiers are reached
     int IntDigits = 0;               ///< most digits before the decimal point
     int Decimals = 0;                ///< digits behind the decimal point
