@@ -68,18 +68,21 @@ public:
     CRecord* ExistRecord(const char* type);
     /// Key of the record type that owns an item number, "" when none does; the table file has no part in it.
     static const char* GetTypeOfItem(int item);
-    /// Number of record objects in the store, and the one at `index` (0-based, store order; null outside). Types that
-    /// are not known have one object a line, all others one object a type.
+    /// Number of record objects in the store. Types that are not known have one object a line, all others one object a
+    /// type.
     int GetRecordCount() const;
+    /// The record object at `index`, 0-based, in store order; null outside.
     CRecord* GetRecord(int index) const;
 
     // --- Navigation and search --------------------------------------------------------------------------------------
 
-    /// Moves the cursor of the record that owns `item` to its first, next, previous entry; `item` is the group key item
-    /// of the type. TABVEX_OK; TABVEX_NO_TABLE; TABVEX_NO_RECORD; TABVEX_ENTRY_NO_MORE, TABVEX_ENTRY_WRONG_KEY,
+    /// Moves the cursor of the record that owns `item` to its first entry; `item` is the group key item of the type.
+    /// TABVEX_OK; TABVEX_NO_TABLE; TABVEX_NO_RECORD; TABVEX_ENTRY_NO_MORE, TABVEX_ENTRY_WRONG_KEY,
     /// TABVEX_ENTRY_NO_LINES, TABVEX_ENTRY_EMPTY_SPAN, TABVEX_ENTRY_NO_STEP_BACK and what else the type answers.
     int ReadFirst(int item);
+    /// Moves to the next entry. Codes as ReadFirst: TABVEX_ENTRY_NO_MORE behind the last one.
     int ReadNext(int item);
+    /// Moves to the entry before. Codes as ReadFirst, and TABVEX_ENTRY_NO_STEP_BACK for types that cannot.
     int ReadPrev(int item);
     /// No type moves to its last entry: TABVEX_NOT_SUPPORTED once table and record are there.
     int ReadLast(int item);
@@ -93,10 +96,11 @@ public:
 
     // --- Whole lines ------------------------------------------------------------------------------------------------
 
-    /// Copies the type's first line, its line `lineNumber` (1-based): at most `bufferSize` characters and the NUL when
-    /// it fits. In OEM mode the copy is converted to ANSI. TABVEX_OK; TABVEX_NO_RECORD; TABVEX_COMPLETE_NO_LINES;
-    /// TABVEX_COMPLETE_BUFFER_TOO_SMALL: below 128; TABVEX_COMPLETE_NO_SUCH_LINE.
+    /// Copies the type's first line: at most `bufferSize` characters and the NUL when it fits. In OEM mode the copy is
+    /// converted to ANSI. TABVEX_OK; TABVEX_NO_RECORD; TABVEX_COMPLETE_NO_LINES; TABVEX_COMPLETE_BUFFER_TOO_SMALL:
+    /// below 128.
     int GetFirstCompleteRecord(const char* type, char* buffer, int bufferSize);
+    /// The same with the type's line `lineNumber`, 1-based: TABVEX_COMPLETE_NO_SUCH_LINE.
     int GetNextCompleteRecord(const char* type, char* buffer, int bufferSize, int lineNumber);
     /// Adds a whole line to the record object of a type, which is created when missing. `line` has 129 bytes; it is
     /// padded with blanks and, in OEM mode, converted from ANSI to OEM in place. TABVEX_OK; TABVEX_BAD_ARGUMENT:
@@ -114,15 +118,18 @@ public:
     /// Replaces the mutation codes and kinds of "X4" or "W4" (CAllRecordsEx: "G9" too) by the pairs code, kind, code,
     /// kind ... of `list`. An empty code is dropped, its kind is not: kept on purpose.
     void SetMutationList(char* type, const char* list);
-    /// The record set's own lists; they stay owned by it. Null only when there is no memory to fill them.
-    CStringArray* GetX4RepArtList();
-    CStringArray* GetW4RepArtList();
-    CStringArray* GetX6RepArtList();
-    CStringArray* GetW6RepArtList();
-    CStringArray* GetX4MutationList();
-    CStringArray* GetW4MutationList();
-    CUIntArray* GetX4MutationKinds();
-    CUIntArray* GetW4MutationKinds();
+
+    // The lists handed out are the record set's own and stay owned by it. Null only when there is no memory to fill
+    // them.
+
+    CStringArray* GetX4RepArtList();   ///< Repair methods of "X4".
+    CStringArray* GetW4RepArtList();   ///< Repair methods of "W4".
+    CStringArray* GetX6RepArtList();   ///< Repair methods of "X6".
+    CStringArray* GetW6RepArtList();   ///< Repair methods of "W6".
+    CStringArray* GetX4MutationList(); ///< Mutation codes of "X4".
+    CStringArray* GetW4MutationList(); ///< Mutation codes of "W4".
+    CUIntArray* GetX4MutationKinds();  ///< Kinds of the mutation codes of "X4", in the same order.
+    CUIntArray* GetW4MutationKinds();  ///< Kinds of the mutation codes of "W4", in the same order.
 
     // --- Settings ---------------------------------------------------------------------------------------------------
 
@@ -182,7 +189,9 @@ public:
     int ReadFloatItem(int item, double& value);
     /// Writes a number given as text: TABVEX_VALUE_EMPTY, TABVEX_VALUE_NOT_A_NUMBER.
     int WriteIntItem(int item, const char* text);
+    /// Writes the value: TABVEX_VALUE_NUMBER_NOT_LISTED, TABVEX_VALUE_OUT_OF_RANGE, TABVEX_VALUE_DOES_NOT_FIT.
     int WriteIntItem(int item, int value);
+    /// Writes a number given as text: TABVEX_VALUE_EMPTY, TABVEX_VALUE_NOT_A_NUMBER.
     int WriteFloatItem(int item, const char* text);
     /// Writes the value with six significant digits.
     int WriteFloatItem(int item, double value);
@@ -243,20 +252,21 @@ public:
     /// `buffer` is null or `bufferSize` 0; the negative length when `bufferSize` is below it, with the buffer
     /// untouched; otherwise `bufferSize` + 1 bytes are set and the length is returned.
     int WriteAllRecords(char* buffer, int bufferSize, int lf);
-    /// The lines of the "X1", "X$" record, of which 128 characters and a NUL are copied: TABVEX_OK. Without a buffer
-    /// the length of all lines, its negative when `bufferSize` is below it; TABVEX_NO_RECORD.
+    /// The lines of the "X1" record, of which 128 characters and a NUL are copied: TABVEX_OK. Without a buffer the
+    /// length of all lines, its negative when `bufferSize` is below it; TABVEX_NO_RECORD.
     int GetX1Record(char* buffer, int bufferSize);
+    /// The same of the "X$" record.
     int GetXDollarRecord(char* buffer, int bufferSize);
     /// All lines of the "X7" record and a NUL; `bufferSize` must be the length + 1 at least.
     int GetX7Record(char* buffer, int bufferSize);
 
     // --- Kept for callers that still make these calls ---------------------------------------------------------------
 
-    void SetOptimierungsCode(char code);
-    void SetKalkArt(char kind);
-    void SetCalcNr_K_Records(char* number);
-    void DoNotSortKRecords(char* type);
-    /// Returns TABVEX_NOT_SUPPORTED.
+    void SetOptimierungsCode(char code);    ///< Does nothing.
+    void SetKalkArt(char kind);             ///< Does nothing.
+    void SetCalcNr_K_Records(char* number); ///< Does nothing.
+    void DoNotSortKRecords(char* type);     ///< Does nothing.
+    /// Does nothing. TABVEX_NOT_SUPPORTED.
     int CreateNewKRecord(char* type);
 
 protected:
@@ -269,12 +279,16 @@ protected:
 
     struct CMutationBuffers;
 
+    /// ReadX4Mutation, for the record of any type that has mutations.
     int ReadMutation(const char* type, bool newForm, int index, const CMutationBuffers& buffers);
+    /// AddX4Mutation likewise.
     int AddMutation(const char* type, const char* mutation);
+    /// DeleteOneX4Mutation likewise.
     int DeleteOneMutation(const char* type, const char* code);
+    /// DeleteX4Mutations and GetX4MutationCount likewise.
     int CountMutations(const char* type, int (CRecord::*operation)());
 
-    std::unique_ptr<tabvex::CRecordSetState> m_pState;
+    std::unique_ptr<tabvex::CRecordSetState> m_pState; ///< What the record set holds.
 
 private:
     struct CItemTarget;
@@ -317,26 +331,32 @@ public:
     CAllRecordsEx();
     ~CAllRecordsEx() override;
 
-    /// The mutation operations of the "G9" record; they answer like those of "X4" in its newer form.
+    // The mutation operations of the "G9" record answer like those of "X4" in its newer form.
+
+    /// Reads mutation `index`, 1 to 3; buffers and codes as ReadX4Mutation.
     int ReadG9Mutation(int index, char* code, int codeSize, double& value, char* text1, int text1Size, char* text2,
                        int text2Size);
+    /// The same with the value as text.
     int ReadG9Mutation(int index, char* code, int codeSize, char* value, int valueSize, char* text1, int text1Size,
                        char* text2, int text2Size);
+    /// Adds a mutation; codes as AddX4Mutation.
     int AddG9Mutation(const char* mutation);
+    /// Deletes the first mutation with the code; codes as DeleteOneX4Mutation.
     int DeleteOneG9Mutation(const char* code);
+    /// Deletes all; the number there was, or TABVEX_NO_RECORD.
     int DeleteG9Mutations();
+    /// Their number, or TABVEX_NO_RECORD.
     int GetG9MutationCount();
 
     using CAllRecords::SetMutationList;
     /// The same, with the type text left alone.
     void SetMutationList(const char* type, const char* list);
-    CStringArray* GetG9RepArtList();
-    CStringArray* GetG9MutationList();
-    CUIntArray* GetG9MutationKinds();
-    /// Fill lists from the table file again: all of them, the repair methods or the mutations of "G9".
-    void ReadRepArtAndMutList();
-    void ReadG9RepArtList();
-    void ReadG9MutList();
+    CStringArray* GetG9RepArtList();   ///< Repair methods of "G9"; owned by the record set, as the following.
+    CStringArray* GetG9MutationList(); ///< Mutation codes of "G9".
+    CUIntArray* GetG9MutationKinds();  ///< Kinds of the mutation codes of "G9", in the same order.
+    void ReadRepArtAndMutList();       ///< Fills all lists from the table file again.
+    void ReadG9RepArtList();           ///< Fills the repair methods of "G9" from the table file again.
+    void ReadG9MutList();              ///< Fills the mutation codes and kinds of "G9" from the table file again.
 
     /// Sets the character-set mode: with "OEM", the mode at first, item texts are converted between the OEM code page
     /// of the records and the ANSI code page of the caller; with any other text they are not.

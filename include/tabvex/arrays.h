@@ -18,8 +18,8 @@ public:
     /// Removes every text.
     void RemoveAll();
 
-    std::vector<std::string>::const_iterator begin() const;
-    std::vector<std::string>::const_iterator end() const;
+    std::vector<std::string>::const_iterator begin() const; ///< The first text.
+    std::vector<std::string>::const_iterator end() const;   ///< Behind the last text.
 
 private:
     std::vector<std::string> m_Texts;
@@ -37,8 +37,8 @@ public:
     /// Removes every number.
     void RemoveAll();
 
-    std::vector<unsigned int>::const_iterator begin() const;
-    std::vector<unsigned int>::const_iterator end() const;
+    std::vector<unsigned int>::const_iterator begin() const; ///< The first number.
+    std::vector<unsigned int>::const_iterator end() const;   ///< Behind the last number.
 
 private:
     std::vector<unsigned int> m_Numbers;

@@ -21,24 +21,24 @@ struct TABVEX_API CItemRange {
 /// the descriptor may end behind any component; an N item with modifiers needs its digits, a D item its date pattern.
 class TABVEX_API CItemDef {
 public:
-    int HasRanges = 0;    ///< 1: the descriptor has ranges
-    int HasValues = 0;    ///< 1: the descriptor has a value list
-    int HasModifiers = 0; ///< 1: the descriptor has modifiers; values are then laid out by them
-    int HasFill = 0;      ///< 1: the descriptor has a fill character
-    int HasDefault = 0;   ///< 1: the descriptor has a non-empty default text
-    char Format = 'C';    ///< 'C' character, 'U' character in upper case, 'N' number, 'D' date
-    std::string Default;
-    char Fill = ' ';
-    std::string Modifiers = "L"; ///< letters of L R S E P B; "L" only until a descriptor's modifiers are reached
-    int IntDigits = 0;           ///< most digits before the decimal point
-    int Decimals = 0;            ///< digits behind the decimal point
-    std::string DatePattern;
-    int HasDatePattern = 0; ///< 1 once the year of a date pattern has been read
-    std::vector<std::string> Values;
-    std::vector<CItemRange> Ranges;
-    int Length = 0;   ///< in characters
-    int Position = 0; ///< of the item's first character in the record line, 1-based
-    int Number = 0;   ///< unique over all record types
+    int HasRanges = 0;               ///< 1: the descriptor has ranges
+    int HasValues = 0;               ///< 1: the descriptor has a value list
+    int HasModifiers = 0;            ///< 1: the descriptor has modifiers; values are then laid out by them
+    int HasFill = 0;                 ///< 1: the descriptor has a fill character
+    int HasDefault = 0;              ///< 1: the descriptor has a non-empty default text
+    char Format = 'C';               ///< 'C' character, 'U' character in upper case, 'N' number, 'D' date
+    std::string Default;             ///< text of the item in a record that is created
+    char Fill = ' ';                 ///< what fills a number's field instead of blanks
+    std::string Modifiers = "L";     ///< letters of L R S E P B; "L" only until a descriptor's modifiers are reached
+    int IntDigits = 0;               ///< most digits before the decimal point
+    int Decimals = 0;                ///< digits behind the decimal point
+    std::string DatePattern;         ///< as the descriptor has it, e.g. "DD.MM.YYYY"
+    int HasDatePattern = 0;          ///< 1 once the year of a date pattern has been read
+    std::vector<std::string> Values; ///< the value list
+    std::vector<CItemRange> Ranges;  ///< of which a value has to lie in one
+    int Length = 0;                  ///< in characters
+    int Position = 0;                ///< of the item's first character in the record line, 1-based
+    int Number = 0;                  ///< unique over all record types
 
     /// Parses a format descriptor into this definition. `Length` must be set before, as digit counts are held against
     /// it. Returns 0, or the number of the first component that is wrong: TABVEX_DESCRIPTOR_BAD_FORMAT (1) to

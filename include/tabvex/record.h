@@ -17,11 +17,11 @@ struct CRecordContext;
 
 /// One mutation as it is read: a number, or two texts. What it does not have is -1.0 and "".
 struct CMutation {
-    std::string Code;
-    double Value = -1.0;
-    bool HasValue = false;
-    std::string Text1;
-    std::string Text2;
+    std::string Code;      ///< 2 or 3 characters
+    double Value = -1.0;   ///< -1.0 without one
+    bool HasValue = false; ///< the mutation carries a number
+    std::string Text1;     ///< "" without one
+    std::string Text2;     ///< "" without one
 };
 } // namespace tabvex
 
@@ -74,9 +74,10 @@ public:
     /// Writes a whole entry with its texts in the caller's character set. TABVEX_NOT_SUPPORTED for types without it.
     virtual int WriteDynEntry(int item, std::string_view value);
 
-    /// Moves to the first, the next entry whose `item` has this text: TABVEX_FIND_FOUND or TABVEX_FIND_NOTHING.
+    /// Moves to the first entry whose `item` has this text: TABVEX_FIND_FOUND or TABVEX_FIND_NOTHING.
     /// TABVEX_NOT_SUPPORTED for types without a search.
     virtual int FindFirst(int item, std::string_view text);
+    /// Moves to the next such entry behind the current one.
     virtual int FindNext(int item, std::string_view text);
 
     // Mutations of the current entry, for the types that have them; TABVEX_NOT_SUPPORTED for all others.
@@ -85,9 +86,11 @@ public:
     virtual int ReadMutation(int index, bool newForm, tabvex::CMutation& mutation);
     /// Adds a mutation, or replaces the one with its code; parts are joined by the delimiter.
     virtual int AddMutation(std::string_view text);
+    /// Deletes the first mutation with the code.
     virtual int DeleteOneMutation(std::string_view code);
     /// Deletes all mutations of the entry; their number.
     virtual int DeleteMutations();
+    /// Number of mutations of the entry.
     virtual int GetMutationCount();
 
     /// Adds a line: `text` up to its NUL, at most GetLineLength() + 2 characters, NULs behind it; a null text adds
@@ -116,6 +119,7 @@ public:
     void AppendLines(std::string& text, bool lf) const;
 
 protected:
+    /// A record without lines, with the layout of its type.
     CRecord(const char* type, tabvex::CRecordContext& context);
 
     /// Called before lines are added or overwritten other than by writing entries.
@@ -138,17 +142,17 @@ protected:
     /// Adds a line behind the others; AddLine without BeforeLinesChange.
     void AppendLine(std::string_view text);
 
-    char m_szType[8] = {};
-    int m_bGeneric = 0;
-    int m_nLineLength = 128;
-    std::vector<std::uint32_t> m_Lines; // numbers of the buffers in the record set's pool of lines
-    char* m_pCurLine = nullptr;         // the line last added
-    int m_nCurLine = 0;
-    int m_nCurOffset = 0;
-    int m_nWriteLine = 0;
-    int m_nWriteOffset = 0;
-    std::shared_ptr<const tabvex::CLayout> m_pLayout; // shared by all records of the type
-    tabvex::CRecordContext& m_Context;
+    char m_szType[8] = {};                            ///< key of the record type
+    int m_bGeneric = 0;                               ///< 1: of a type that is not known or has no class
+    int m_nLineLength = 128;                          ///< characters in a line
+    std::vector<std::uint32_t> m_Lines;               ///< numbers of the buffers in the record set's pool of lines
+    char* m_pCurLine = nullptr;                       ///< the line last added
+    int m_nCurLine = 0;                               ///< line of the current entry
+    int m_nCurOffset = 0;                             ///< offset of the current entry in its line
+    int m_nWriteLine = 0;                             ///< line in which the next entry is written
+    int m_nWriteOffset = 0;                           ///< offset at which it is written
+    std::shared_ptr<const tabvex::CLayout> m_pLayout; ///< shared by all records of the type
+    tabvex::CRecordContext& m_Context;                ///< what records share with their record set
 
 private:
     std::size_t BufferSize() const;
