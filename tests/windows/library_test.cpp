@@ -189,13 +189,19 @@ TEST(Library, LoadingItAThousandTimesLeaksNothing) {
 
 // --- Names for Java -------------------------------------------------------------------------------------------------
 
-TEST(JavaNatives, AreFoundUnderTheirPlainNames) {
-    const HMODULE library = ::LoadLibraryA(fs::path(TABVEX_JNI_NAMES).make_preferred().string().c_str());
+// Those of the two without a Java environment to look at.
+TEST(LibraryForJava, NativesAreFoundUnderTheirPlainNamesAndCalledAsJavaDoes) {
+    const HMODULE library = ::LoadLibraryA(Built(kLibrary).c_str());
     ASSERT_NE(library, nullptr);
-    const auto add = Find<long(__stdcall*)(void*, void*, long, long long)>(library, "Java_sample_Natives_add");
-    ASSERT_NE(add, nullptr);
-    EXPECT_EQ(add(nullptr, nullptr, 40, 2), 42);
-    EXPECT_NE(::GetProcAddress(library, "Java_sample_Natives_none"), nullptr);
+    const auto create =
+        Find<long(__stdcall*)(void*, void*)>(library, "Java_de_quorvil_application_tabvex_TabVexImpl_createInstance");
+    const auto destroy = Find<void(__stdcall*)(void*, void*, long)>(
+        library, "Java_de_quorvil_application_tabvex_TabVexImpl_destroyInstance");
+    ASSERT_NE(create, nullptr);
+    ASSERT_NE(destroy, nullptr);
+    EXPECT_EQ(create(nullptr, nullptr), 4);
+    destroy(nullptr, nullptr, 4);
+    EXPECT_EQ(create(nullptr, nullptr), 8);
     ::FreeLibrary(library);
 }
 
