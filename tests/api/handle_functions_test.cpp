@@ -4,6 +4,8 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <map>
+#include <random>
 #include <string>
 #include <vector>
 
@@ -110,17 +112,19 @@ TEST_F(HandleFunctions, TheCounterOfTheFlatFunctionsTellsTheNextCompleteRecord) 
 }
 
 TEST_F(HandleFunctions, ManyInstancesAreCreatedUsedAndDestroyedInAnyOrder) {
+    std::map<int, char> marks;
     std::vector<int> handles;
     for (int i = 0; i < 10000; ++i) {
         handles.push_back(MifCreateInstance());
-        AddLine(handles.back(), static_cast<char>('A' + i % 26));
+        marks[handles.back()] = static_cast<char>('A' + i % 26);
+        AddLine(handles.back(), marks[handles.back()]);
     }
-    for (std::size_t i = 0; i < handles.size(); ++i) {
-        const std::size_t chosen = i * 7 % handles.size(); // 7 and 10,000 have no common divisor
+    std::shuffle(handles.begin(), handles.end(), std::mt19937(20150324));
+    for (const int handle : handles) {
         char line[129];
-        ASSERT_EQ(MifGetFirstCompleteRecord(handles[chosen], "X1", line, sizeof line), 0);
-        EXPECT_EQ(line[127], static_cast<char>('A' + chosen % 26));
-        MifDestroyInstance(handles[chosen]);
+        ASSERT_EQ(MifGetFirstCompleteRecord(handle, "X1", line, sizeof line), 0);
+        ASSERT_EQ(line[127], marks[handle]);
+        MifDestroyInstance(handle);
     }
     EXPECT_EQ(MifReadFirst(handles.front(), 1005), -1);
 }
