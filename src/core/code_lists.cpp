@@ -1,6 +1,7 @@
 #include "core/code_lists.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace tabvex {
 
@@ -13,19 +14,31 @@ std::optional<EListType> ListTypeOf(std::string_view type) {
 }
 
 CLayoutCodes& CCodeLists::Of(EListType type, const CTableImage& image) {
-    CTypeLists& lists = m_Types[static_cast<std::size_t>(type)];
-    lists.Used = true;
+    CTypeLists& lists = At(type);
     if (lists.Fill != nullptr) {
-        lists.Fill(image, lists.Codes);
+        CLayoutCodes filled;
+        lists.Fill(image, filled);
+        lists.Codes = std::move(filled);
         lists.Fill = nullptr;
     }
     return lists.Codes;
 }
 
+CLayoutCodes& CCodeLists::HandOut(EListType type, const CTableImage& image) noexcept {
+    CTypeLists& lists = At(type);
+    lists.HandedOut = true;
+    try {
+        return Of(type, image);
+    } catch (...) {
+        lists.Codes = {};
+        return lists.Codes;
+    }
+}
+
 void CCodeLists::Refill(EListType type, CFillCodes fill, const CTableImage& image) {
-    CTypeLists& lists = m_Types[static_cast<std::size_t>(type)];
+    CTypeLists& lists = At(type);
     lists.Fill = fill;
-    if (lists.Used) {
+    if (lists.HandedOut) {
         Of(type, image);
     }
 }

@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <array>
+#include <utility>
 
 #include "core/all_records.h"
 
@@ -43,7 +44,7 @@ int CAllRecords::FindFirst(int item, const char* text) {
         const auto* const fixed = std::find_if(kFixedSearches.begin(), kFixedSearches.end(),
                                                [item](const CFixedSearch& search) { return search.Item == item; });
         const bool isFixed = fixed != kFixedSearches.end();
-        const bool owned = m_pState->TableLoaded && tabvex::FindItemNumberRange(item) >= 0;
+        const bool owned = m_pState->RangesKnown && tabvex::FindItemNumberRange(item) >= 0;
         if (text == nullptr || !(isFixed || owned)) {
             return TABVEX_FIND_NO_TYPE;
         }
@@ -55,12 +56,10 @@ int CAllRecords::FindFirst(int item, const char* text) {
         if (tabvex::IsListType(type)) {
             return TABVEX_FIND_LIST_TYPE;
         }
-        tabvex::CFindState& find = m_pState->Find;
-        find.Item = item;
-        find.Record = record;
-        find.Text = text;
+        tabvex::CFindState find = {false, item, record, text};
         const int result = record->FindFirst(item, find.Text);
         find.InProgress = result > 0;
+        m_pState->Find = std::move(find);
         return result;
     });
 }

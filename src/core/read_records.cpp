@@ -30,13 +30,14 @@ int CAllRecords::ReadAll_V_Records(const char* fileName) {
 }
 
 int CAllRecords::ReadFixedRecords(const char* fileName, bool parse) {
+    const tabvex::CNumberedLetters numbered = m_pState->NumberedLetters;
     SetRecNums("*", 1);
     CLineFile file;
     if (file.Open(fileName, true, kRecordLength) != TABVEX_OK) {
         return TABVEX_READ_CANNOT_OPEN;
     }
     file.DetectCrLf();
-    return m_pState->Refill([&] {
+    return m_pState->Refill(numbered, [&] {
         const int result = AddFixedRecords(file);
         if (parse && result == TABVEX_OK) {
             for (const auto& record : m_pState->Store.All()) {
@@ -67,7 +68,7 @@ int CAllRecords::ReadVariableLines(const char* fileName) {
     if (file.Open(fileName, true, 1) != TABVEX_OK) {
         return TABVEX_READ_FAILED;
     }
-    return m_pState->Refill([&] { return AddVariableLines(file); });
+    return m_pState->Refill(m_pState->NumberedLetters, [&] { return AddVariableLines(file); });
 }
 
 int CAllRecords::AddVariableLines(CLineFile& file) {

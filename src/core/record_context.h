@@ -42,6 +42,8 @@ struct CRecordContext {
     const std::shared_ptr<const CLayout>& LayoutOf(int type);
     /// The code lists of a type.
     CLayoutCodes& CodesOf(EListType type) { return Lists.Of(type, *Table.GetImage()); }
+    /// The same for a caller, who may keep them.
+    CLayoutCodes& HandOutCodes(EListType type) noexcept { return Lists.HandOut(type, *Table.GetImage()); }
     /// To be called when the table file has changed.
     void ForgetLayouts() { Layouts.fill(nullptr); }
 

@@ -26,11 +26,13 @@ struct CHeldRecords {
     CLinePool LongLines{kLongLineLength + kLineRoom, kLongLinesShift};
     CRecordStore Store;
     CFindState Find;
+    CNumberedLetters NumberedLetters;
 };
 
 struct CRecordSetState {
     CRecordContext Context; // before the store: records refer to it
     CRecordStore Store;
+    bool RangesKnown = false; ///< a table of any version was loaded once: items have their types from then on
     bool TableLoaded = false; ///< a table of the version asked for was loaded once
     CNumberedLetters NumberedLetters;
     CFindState Find;
@@ -38,11 +40,13 @@ struct CRecordSetState {
     int SaveErrors = 0;
 
     /// Runs an operation that fills the store anew. The records there were go when it is done; they are back when it
-    /// throws.
+    /// throws, and then `numbered` is as well.
     template <typename Operation>
-    auto Refill(Operation operation) {
+    auto Refill(const CNumberedLetters& numbered, Operation operation) {
         CHeldRecords before;
+        before.NumberedLetters = NumberedLetters;
         Swap(before);
+        before.NumberedLetters = numbered;
         try {
             return operation();
         } catch (...) {
@@ -57,6 +61,7 @@ private:
         Context.LongLines.Swap(other.LongLines);
         Store.Swap(other.Store);
         std::swap(Find, other.Find);
+        std::swap(NumberedLetters, other.NumberedLetters);
     }
 };
 

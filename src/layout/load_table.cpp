@@ -1,18 +1,30 @@
+#include <memory>
+#include <utility>
+
 #include "core/all_records.h"
 
 int CAllRecords::LoadTable(const char* fileName, int versionMajor, int versionMinor) {
     return tabvex::Guarded([&]() -> int {
-        CTableFile& table = m_pState->Context.Table;
-        const int result = table.Open(fileName);
+        tabvex::CRecordContext& context = m_pState->Context;
+        const std::shared_ptr<const tabvex::CTableImage> imageBefore = context.Table.GetImage();
+        tabvex::CCodeLists listsBefore = context.Lists;
+        const int result = context.Table.Open(fileName);
         if (result != TABVEX_OK) {
             return result;
         }
+        try {
+            FillCodeLists();
+        } catch (...) {
+            context.Table.SetImage(imageBefore);
+            context.Lists = std::move(listsBefore);
+            throw;
+        }
+        context.ForgetLayouts();
         // A table of another version is kept, and items stay refused only while no table of the right one was loaded.
-        const tabvex::CTableHeader& header = table.GetHeader();
+        const tabvex::CTableHeader& header = context.Table.GetHeader();
         const bool wanted = versionMajor == header.VersionMajor && versionMinor == header.VersionMinor;
+        m_pState->RangesKnown = true;
         m_pState->TableLoaded = m_pState->TableLoaded || wanted;
-        FillCodeLists();
-        m_pState->Context.ForgetLayouts();
         return wanted ? TABVEX_OK : TABVEX_TABLE_WRONG_VERSION;
     });
 }

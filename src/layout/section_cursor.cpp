@@ -22,6 +22,12 @@ constexpr std::string_view LineBreak(ENewlineMode mode) {
 
 } // namespace
 
+void CSectionCursor::SetImage(const CTableImage& image) noexcept {
+    m_pImage = &image;
+    m_nLine = CTableImage::kNone;
+    m_Column = {CTableImage::kNone, 0, 0};
+}
+
 int CSectionCursor::FindSection(std::string_view name) {
     return EnterSection(m_pImage->FindHead(name));
 }

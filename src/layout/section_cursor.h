@@ -17,6 +17,9 @@ public:
     explicit CSectionCursor(const CTableImage& image, ENewlineMode mode = ENewlineMode::CrLf)
         : m_pImage(&image), m_Mode(mode) {}
 
+    /// Goes on with another image, without a current line.
+    void SetImage(const CTableImage& image) noexcept;
+
     /// Makes the first line of the section current. The line's length, TABVEX_SECTION_MISSING, or
     /// TABVEX_SECTION_EMPTY with the head that ends the file,
     /// or the next section's head, as the current line.

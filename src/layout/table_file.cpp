@@ -87,10 +87,14 @@ int CTableFile::Open(const char* fileName) {
     image->IndexHeads();
     m_Reader.FileClose();
     m_Reader.Release();
-    m_Cursor = CSectionCursor(*image, m_Cursor.GetMode());
+    SetImage(std::move(image));
     m_Cursor.SetCurrentLine(lastHeaderLine);
-    m_pImage = std::move(image);
     return TABVEX_OK;
+}
+
+void CTableFile::SetImage(std::shared_ptr<const CTableImage> image) noexcept {
+    m_Cursor.SetImage(*image);
+    m_pImage = std::move(image);
 }
 
 int CTableFile::ReadLines(const char* fileName, CTableImage& image) const {

@@ -53,6 +53,9 @@ public:
     /// The loaded file; it stays as it is when another file is loaded.
     std::shared_ptr<const tabvex::CTableImage> GetImage() const { return m_pImage; }
 
+    /// Goes back to a file that was loaded before. Without a current line.
+    void SetImage(std::shared_ptr<const tabvex::CTableImage> image) noexcept;
+
 private:
     int ReadLines(const char* fileName, tabvex::CTableImage& image) const;
 

@@ -83,7 +83,7 @@ inline void StoreText(char* to, const CCharBlock& block, std::size_t count) {
     StoreBlock(to, Choose(text, block, Choose(textAndNul, CCharBlock{}, LoadBlock(to))));
 }
 
-/// What CopyAndFindNul copies.
+/// Lines are mostly shorter: one step does.
 inline constexpr std::size_t kCopiedAtOnce = 4 * kBlockLength;
 
 /// Copies 64 characters and returns the place of the first NUL among them, 64 without one. Nothing in it branches:

@@ -128,12 +128,6 @@ void FillG9(const CTableImage& image, CLayoutCodes& lists) {
     FillG9Mutations(image, lists);
 }
 
-// A list as callers get it; one that there was no memory to fill is filled when it is asked for again.
-template <typename List>
-List* ListOf(tabvex::CRecordContext& context, EListType type, List CLayoutCodes::*list) {
-    return tabvex::Guarded([&]() -> List* { return &(context.CodesOf(type).*list); }, nullptr);
-}
-
 // Calls `take(number, part)` for every part of a text between delimiters; parts are numbered from 1.
 template <typename Take>
 void SplitList(std::string_view list, char delimiter, Take take) {
@@ -178,14 +172,20 @@ void CAllRecordsEx::ReadRepArtAndMutList() {
 
 void CAllRecordsEx::ReadG9RepArtList() {
     tabvex::Guarded([this]() -> int {
-        FillG9RepairMethods(*m_pState->Context.Table.GetImage(), m_pState->Context.CodesOf(EListType::G9));
+        CLayoutCodes filled;
+        FillG9RepairMethods(*m_pState->Context.Table.GetImage(), filled);
+        m_pState->Context.CodesOf(EListType::G9).All = std::move(filled.All);
         return TABVEX_OK;
     });
 }
 
 void CAllRecordsEx::ReadG9MutList() {
     tabvex::Guarded([this]() -> int {
-        FillG9Mutations(*m_pState->Context.Table.GetImage(), m_pState->Context.CodesOf(EListType::G9));
+        CLayoutCodes filled;
+        FillG9Mutations(*m_pState->Context.Table.GetImage(), filled);
+        CLayoutCodes& lists = m_pState->Context.CodesOf(EListType::G9);
+        lists.Codes = std::move(filled.Codes);
+        lists.Kinds = std::move(filled.Kinds);
         return TABVEX_OK;
     });
 }
@@ -260,45 +260,45 @@ void CAllRecords::ReplaceMutationList(const std::string& type, const char* list)
 }
 
 CStringArray* CAllRecords::GetX4RepArtList() {
-    return ListOf(m_pState->Context, EListType::X4, &CLayoutCodes::All);
+    return &m_pState->Context.HandOutCodes(EListType::X4).All;
 }
 
 CStringArray* CAllRecords::GetW4RepArtList() {
-    return ListOf(m_pState->Context, EListType::W4, &CLayoutCodes::All);
+    return &m_pState->Context.HandOutCodes(EListType::W4).All;
 }
 
 CStringArray* CAllRecords::GetX6RepArtList() {
-    return ListOf(m_pState->Context, EListType::X6, &CLayoutCodes::All);
+    return &m_pState->Context.HandOutCodes(EListType::X6).All;
 }
 
 CStringArray* CAllRecords::GetW6RepArtList() {
-    return ListOf(m_pState->Context, EListType::W6, &CLayoutCodes::All);
+    return &m_pState->Context.HandOutCodes(EListType::W6).All;
 }
 
 CStringArray* CAllRecords::GetX4MutationList() {
-    return ListOf(m_pState->Context, EListType::X4, &CLayoutCodes::Codes);
+    return &m_pState->Context.HandOutCodes(EListType::X4).Codes;
 }
 
 CStringArray* CAllRecords::GetW4MutationList() {
-    return ListOf(m_pState->Context, EListType::W4, &CLayoutCodes::Codes);
+    return &m_pState->Context.HandOutCodes(EListType::W4).Codes;
 }
 
 CUIntArray* CAllRecords::GetX4MutationKinds() {
-    return ListOf(m_pState->Context, EListType::X4, &CLayoutCodes::Kinds);
+    return &m_pState->Context.HandOutCodes(EListType::X4).Kinds;
 }
 
 CUIntArray* CAllRecords::GetW4MutationKinds() {
-    return ListOf(m_pState->Context, EListType::W4, &CLayoutCodes::Kinds);
+    return &m_pState->Context.HandOutCodes(EListType::W4).Kinds;
 }
 
 CStringArray* CAllRecordsEx::GetG9RepArtList() {
-    return ListOf(m_pState->Context, EListType::G9, &CLayoutCodes::All);
+    return &m_pState->Context.HandOutCodes(EListType::G9).All;
 }
 
 CStringArray* CAllRecordsEx::GetG9MutationList() {
-    return ListOf(m_pState->Context, EListType::G9, &CLayoutCodes::Codes);
+    return &m_pState->Context.HandOutCodes(EListType::G9).Codes;
 }
 
 CUIntArray* CAllRecordsEx::GetG9MutationKinds() {
-    return ListOf(m_pState->Context, EListType::G9, &CLayoutCodes::Kinds);
+    return &m_pState->Context.HandOutCodes(EListType::G9).Kinds;
 }

@@ -91,10 +91,16 @@ CRecord* CAllRecords::CreateRecord(int type, bool blankLine) {
     } else {
         record = NewRecord(known);
     }
+    CRecord* added = m_pState->Store.Add(std::move(record), known);
     if (blankLine) {
-        record->ParseLine(nullptr);
-        record->FillDefaults(); // nothing without a layout
-        record->AfterCreation();
+        try {
+            added->ParseLine(nullptr);
+            added->FillDefaults(); // nothing without a layout
+            added->AfterCreation();
+        } catch (...) {
+            RemoveRecordsFrom(m_pState->Store.All().size() - 1);
+            throw;
+        }
     }
-    return m_pState->Store.Add(std::move(record), known);
+    return added;
 }

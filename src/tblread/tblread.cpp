@@ -29,11 +29,7 @@ constexpr int kNoLine = 1;
 // Reads a file in blocks and cuts it into lines.
 class CLineSource {
 public:
-    // Told the name of the file that it stands at the beginning of, it stays there.
     bool Open(const char* fileName) {
-        if (m_pFile != nullptr && m_bAtBegin && std::strcmp(fileName, m_Name) == 0) {
-            return true;
-        }
         Close();
         m_pFile = std::fopen(fileName, "rb");
         if (m_pFile == nullptr) {
@@ -41,12 +37,11 @@ public:
         }
         static_cast<void>(std::setvbuf(m_pFile, nullptr, _IONBF, 0)); // a buffer more would do no harm
         m_pBlock = static_cast<char*>(std::malloc(kReadSize + kBlockLength));
-        // A directory opens on some systems; only reading tells.
-        if (m_pBlock == nullptr || (!Fill() && std::feof(m_pFile) == 0)) {
+        // A directory opens on some systems; only reading tells. One character does, as callers open each file twice.
+        if (m_pBlock == nullptr || (!Fill(1) && std::feof(m_pFile) == 0)) {
             Close();
             return false;
         }
-        RememberName(fileName);
         return true;
     }
 
@@ -57,12 +52,11 @@ public:
         }
         std::free(m_pBlock);
         m_pNext = m_pBlock = m_pEnd = nullptr;
-        m_bSkipLf = m_bAtBegin = false;
+        m_bSkipLf = false;
     }
 
     // The next line into `line` of kLineSize bytes; false when there is none.
     bool Next(char* line) {
-        m_bAtBegin = false;
         if (!SkipLfOfCrLf()) {
             line[0] = '\0';
             return false;
@@ -78,22 +72,13 @@ public:
     }
 
 private:
-    // A name that is too long is not remembered: the file is then opened again.
-    void RememberName(const char* fileName) {
-        const std::size_t size = std::strlen(fileName) + 1;
-        m_bAtBegin = size <= sizeof m_Name;
-        if (m_bAtBegin) {
-            std::memcpy(m_Name, fileName, size);
-        }
-    }
-
     // The block is always followed by a line end, which stops the search for one.
-    bool Fill() {
+    bool Fill(std::size_t size = kReadSize) {
         if (m_pFile == nullptr) {
             return false;
         }
         m_pNext = m_pBlock;
-        m_pEnd = m_pBlock + std::fread(m_pBlock, 1, kReadSize, m_pFile);
+        m_pEnd = m_pBlock + std::fread(m_pBlock, 1, size, m_pFile);
         std::memset(m_pEnd, '\n', kBlockLength);
         return m_pEnd > m_pNext;
     }
@@ -129,6 +114,7 @@ private:
     }
 
     // The end of a very long line, character by character.
+    // NOLINTNEXTLINE(readability-non-const-parameter): `to` lies in it
     bool TakeRest(char* line, char* to, const char* from, std::size_t& length) {
         for (; *from != '\n' && *from != '\r'; ++from) {
             if (to < line + kLineSize - 1) {
@@ -156,8 +142,6 @@ private:
     const char* m_pNext = nullptr;
     char* m_pEnd = nullptr;
     bool m_bSkipLf = false;
-    bool m_bAtBegin = false; // of the file that m_Name tells
-    char m_Name[260] = {};
 };
 
 CLineSource g_Source;

@@ -95,7 +95,7 @@ const std::vector<CStep> kSession = {
     {"DeleteG9Mutations", [](CAllRecordsEx& r, CRoom&) { return r.DeleteG9Mutations(); }},
     {"SetMutationList", [](CAllRecordsEx& r, CRoom&) { r.SetMutationList("X4", "TM/3/EM/1/a long code of a caller/2"); return Done(); }, 0},
     {"SetRepairMethodList", [](CAllRecordsEx& r, CRoom&) { std::array<char, 3> type = {"W4"}; r.SetRepairMethodList(type.data(), "E/I/a long code of a caller"); return Done(); }, 0},
-    {"GetX6RepArtList", [](CAllRecordsEx& r, CRoom&) { return r.GetX6RepArtList() == nullptr ? TABVEX_INTERNAL_FAILURE : r.GetX6RepArtList()->GetSize(); }},
+    {"GetX6RepArtList", [](CAllRecordsEx& r, CRoom&) { const int size = r.GetX6RepArtList()->GetSize(); return size == 0 ? TABVEX_INTERNAL_FAILURE : size; }},
     {"ReadG9RepArtList", [](CAllRecordsEx& r, CRoom&) { r.ReadG9RepArtList(); return Done(); }, 0},
     {"FindFirst", [](CAllRecordsEx& r, CRoom&) { return r.FindFirst(4025, "I"); }},
     {"FindNext", [](CAllRecordsEx& r, CRoom&) { return r.FindNext(); }},

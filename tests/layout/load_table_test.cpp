@@ -101,6 +101,14 @@ TEST_F(LoadTable, PassesTheCodesOfTheTableFileOn) {
 // --- What a load changes
 // ------------------------------------------------------------------------------------------------------
 
+TEST_F(LoadTable, SearchesKnowTheTypesOfItemsOnceATableOfAnyVersionWasLoaded) {
+    Read(CRecordBuilder().Add("X2"));
+    EXPECT_EQ(m_Records.FindFirst(2020, "x"), TABVEX_FIND_NO_TYPE);
+    EXPECT_EQ(LoadVersion(ItemAt(8), 9, 9), TABVEX_TABLE_WRONG_VERSION);
+    EXPECT_EQ(m_Records.FindFirst(2020, "x"), TABVEX_FIND_NO_DEFINITION);
+    EXPECT_EQ(m_Records.FindFirst(1005, "x"), TABVEX_FIND_NO_RECORD);
+}
+
 TEST_F(LoadTable, ItemsAreRefusedUntilATableIsLoaded) {
     Read(X1());
     EXPECT_EQ(Item(1005), "-40");

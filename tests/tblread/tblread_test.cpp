@@ -1,5 +1,6 @@
 // The table-line reader through its four entry points, as a program that loads it sees it.
 #include <cstddef>
+#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -11,6 +12,7 @@
 
 namespace {
 
+namespace fs = std::filesystem;
 using ::testing::ElementsAre;
 
 constexpr std::size_t kLineSize = 2000;
@@ -201,6 +203,20 @@ TEST_F(TableLineReader, ANameToldAgainStartsOver) {
     EXPECT_EQ(FileName2(path.c_str()), kOpened);
     EXPECT_EQ(GetFirstLine(line.Data()), kLine);
     EXPECT_EQ(line.Text(), "one");
+}
+
+TEST_F(TableLineReader, ANameToldAgainStandsForWhatTheFileIsNow) {
+    const std::string path = m_Folder.Write("again", "old\n");
+    CGuardBuffer line(kLineSize);
+    EXPECT_EQ(FileName2(path.c_str()), kOpened);
+    m_Folder.Write("again", "new\n");
+    EXPECT_EQ(FileName2(path.c_str()), kOpened);
+    EXPECT_EQ(GetFirstLine(line.Data()), kLine);
+    EXPECT_EQ(line.Text(), "new");
+    EXPECT_EQ(FileName2(m_Folder.Write("again", "").c_str()), kOpened);
+    EXPECT_EQ(GetFirstLine(line.Data()), kNoLine);
+    fs::remove(m_Folder.Write("gone", "one\n"));
+    EXPECT_EQ(FileName2(m_Folder.PathOf("gone").c_str()), kCannotOpen);
 }
 
 TEST_F(TableLineReader, ANameToldAgainForgetsAHalfLineEnd) {
