@@ -92,8 +92,8 @@ CRecord* CAllRecords::CreateRecord(int type, bool blankLine) {
         record = NewRecord(known);
     }
     if (blankLine) {
-        record->ParseLine(nullptr);
-        record->FillDefaults(); // nothing without a layout
+        record->TakeLine(nullptr);
+        record->PutDefaults(); // nothing without a layout
         record->AfterCreation();
     }
     return m_pState->Store.Add(std::move(record), known);
