@@ -13,7 +13,7 @@ public:
     int GetSize() const;
     /// The text at `index`; the empty text when the index is outside 0 .. GetSize() - 1.
     const std::string& GetAt(int index) const;
-    /// Appends a copy of `text`; returns its index.
+    /// Appends a copy of `text`; returns its index, or TABVEX_INTERNAL_FAILURE (-98) without memory.
     int Add(std::string text);
     /// Removes every text.
     void RemoveAll();
@@ -32,7 +32,7 @@ public:
     int GetSize() const;
     /// The number at `index`; 0 when the index is outside 0 .. GetSize() - 1.
     unsigned int GetAt(int index) const;
-    /// Appends `number`; returns its index.
+    /// Appends `number`; returns its index, or TABVEX_INTERNAL_FAILURE (-98) without memory.
     int Add(unsigned int number);
     /// Removes every number.
     void RemoveAll();

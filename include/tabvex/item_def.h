@@ -44,6 +44,7 @@ public:
     /// it. Returns 0, or the number of the first component that is wrong: TABVEX_DESCRIPTOR_BAD_FORMAT (1) to
     /// TABVEX_DESCRIPTOR_BAD_DATE_PATTERN (7); a null descriptor is a bad format letter. What an earlier descriptor has
     /// set for a component is reset when the component is reached, given or not. What components before the failure
-    /// have set stays set. Text behind the date pattern is ignored.
+    /// have set stays set. Text behind the date pattern is ignored. TABVEX_INTERNAL_FAILURE (-98) without
+    /// memory.
     int ParseFormat(const char* descriptor);
 };

@@ -47,9 +47,10 @@ public:
     const char* GetLine(int index) const;
     /// Characters in a line of this type: 128, for "FZ" 640.
     int GetLineLength() const;
-    /// The items of the type, in the table file's order. Empty when the table had no section for the type.
+    /// The items of the type, in the table file's order. Empty when the table had no section for the type, or without
+    /// the memory to parse it.
     const std::vector<CItemDef>& GetLayout() const;
-    /// The first item of the layout with this number, or null.
+    /// The first item of the layout with this number, or null; null without memory, too.
     const CItemDef* FindItem(int number) const;
     /// Line of the current entry, 0-based; equal to the number of lines when the entries were run through.
     int GetCurrentLine() const;
@@ -94,7 +95,7 @@ public:
     virtual int GetMutationCount();
 
     /// Adds a line: `text` up to its NUL, at most GetLineLength() + 2 characters, NULs behind it; a null text adds
-    /// blanks. Returns the new line's index; the cursor stays.
+    /// blanks. Returns the new line's index, or TABVEX_INTERNAL_FAILURE without memory; the cursor stays.
     int ParseLine(const char* text);
     /// The same for a text that need not be terminated.
     int AddLine(std::string_view text);
@@ -106,7 +107,8 @@ public:
     /// Overwrites the item in the line at the cursor (in the last one when the cursor is behind it). TABVEX_OK, or
     /// TABVEX_ITEM_NO_LINE.
     virtual int HardWrite(const CItemDef& definition, std::string_view text);
-    /// Writes the default texts of the type's items into the line last added; the number of items with a default.
+    /// Writes the default texts of the type's items into the line last added; the number of items with a default, or
+    /// TABVEX_INTERNAL_FAILURE without memory.
     int FillDefaults();
     /// Fix-up after a file was read. TABVEX_ENTRY_CHECK_FAILED (-2) for types that need none.
     virtual int PostRead();
@@ -127,6 +129,15 @@ protected:
     /// Called when a caller has created the record, with one line of blanks and defaults.
     virtual void AfterCreation();
 
+    // GetLayout, FindItem, ParseLine, AddLine and FillDefaults for use inside: these throw without memory, which ends
+    // the whole operation of the record set.
+
+    const std::vector<CItemDef>& Items() const;
+    const CItemDef* Definition(int number) const;
+    int TakeLine(const char* text);
+    int TakeText(std::string_view text);
+    int PutDefaults();
+
     /// Offset of an item's position in a line, 0-based; -1, which lies outside every line, for positions below 1.
     static int OffsetOf(const CItemDef& definition);
     /// The line at `index`, for reading and writing; its buffer is 3 characters longer than GetLineLength().
@@ -139,7 +150,7 @@ protected:
     void PutIntoLine(int line, int offset, std::string_view text);
     /// The same for the text of a field, of which at most the item's length is taken.
     void PutField(int line, int offset, int length, std::string_view field);
-    /// Adds a line behind the others; AddLine without BeforeLinesChange.
+    /// Adds a line behind the others; TakeText without BeforeLinesChange.
     void AppendLine(std::string_view text);
 
     char m_szType[8] = {};                            ///< key of the record type

@@ -4,8 +4,9 @@
 
 #include <list>
 #include <unordered_map>
+#include <utility>
 
-#include "core/guard.h"
+#include "platform/guard.h"
 #include "tabvex/all_records.h"
 
 namespace tabvex {
@@ -44,29 +45,30 @@ struct CApplication {
 
 CApplication& Application();
 
-/// The answer of a typed read that has no place for its value.
-inline int NoPlaceForValue(const CAllRecordsEx& records) {
-    return records.IsTableLoaded() ? TABVEX_BAD_ARGUMENT : TABVEX_NO_TABLE;
+/// Runs a typed read, which needs a place for its value.
+template <typename Value, typename Read>
+int ReadValue(const CAllRecordsEx& records, Value* value, Read read) {
+    if (value == nullptr) {
+        return records.IsTableLoaded() ? TABVEX_BAD_ARGUMENT : TABVEX_NO_TABLE;
+    }
+    return read(*value);
 }
 
-/// What a function gives that cannot do its work: a code, the NUL character, or nothing.
-template <typename Result>
-constexpr Result Failure(int code) {
-    return static_cast<Result>(sizeof(Result) == sizeof(char) ? 0 : code);
+/// Runs the reading of a mutation with its value as a number; a null value is answered like a null code.
+template <typename Read>
+int ReadMutationValue(char* code, double* value, Read read) {
+    double none = 0;
+    return value == nullptr ? read(nullptr, none) : read(code, *value);
 }
-template <>
-constexpr void Failure<void>(int /*code*/) {}
 
 /// Runs an operation on the instance of a handle; nothing thrown leaves it.
 template <typename Operation>
 auto WithInstance(int handle, Operation operation) noexcept {
     using Result = decltype(operation(std::declval<CMifInstance&>()));
-    try {
+    return Guarded([&] {
         CMifInstance* instance = Application().Registry.Find(handle);
         return instance == nullptr ? Failure<Result>(TABVEX_NO_RECORD) : operation(*instance);
-    } catch (...) {
-        return Failure<Result>(TABVEX_INTERNAL_FAILURE);
-    }
+    });
 }
 
 /// Runs an operation on the record set of a handle.
@@ -78,12 +80,7 @@ auto WithRecords(int handle, Operation operation) noexcept {
 /// Runs an operation on the shared record set.
 template <typename Operation>
 auto WithSharedRecords(Operation operation) noexcept {
-    using Result = decltype(operation(std::declval<CAllRecordsEx&>()));
-    try {
-        return operation(Application().Records);
-    } catch (...) {
-        return Failure<Result>(TABVEX_INTERNAL_FAILURE);
-    }
+    return Guarded([&] { return operation(Application().Records); });
 }
 
 } // namespace tabvex

@@ -5,6 +5,8 @@
 #include "api/application.h"
 
 using tabvex::Application;
+using tabvex::ReadMutationValue;
+using tabvex::ReadValue;
 using tabvex::WithSharedRecords;
 
 int LoadTable(const char* fileName, int versionMajor, int versionMinor) {
@@ -49,13 +51,12 @@ int ReadCharItem(int item, char* buffer, int size) {
 
 int ReadIntItem(int item, int* value) {
     return WithSharedRecords(
-        [&](CAllRecordsEx& r) { return value == nullptr ? tabvex::NoPlaceForValue(r) : r.ReadIntItem(item, *value); });
+        [&](CAllRecordsEx& r) { return ReadValue(r, value, [&](int& to) { return r.ReadIntItem(item, to); }); });
 }
 
 int ReadFloatItem(int item, double* value) {
-    return WithSharedRecords([&](CAllRecordsEx& r) {
-        return value == nullptr ? tabvex::NoPlaceForValue(r) : r.ReadFloatItem(item, *value);
-    });
+    return WithSharedRecords(
+        [&](CAllRecordsEx& r) { return ReadValue(r, value, [&](double& to) { return r.ReadFloatItem(item, to); }); });
 }
 
 int ReadDateItem(int item, const char* format, char* buffer, int size) {
@@ -145,8 +146,9 @@ char SetDelimiter(char delimiter) {
 int ReadX4Mutation(int index, char* code, int codeSize, double* value, char* text1, int text1Size, char* text2,
                    int text2Size) {
     return WithSharedRecords([&](CAllRecordsEx& r) {
-        return value == nullptr ? tabvex::NoPlaceForValue(r)
-                                : r.ReadX4Mutation(index, code, codeSize, *value, text1, text1Size, text2, text2Size);
+        return ReadMutationValue(code, value, [&](char* to, double& number) {
+            return r.ReadX4Mutation(index, to, codeSize, number, text1, text1Size, text2, text2Size);
+        });
     });
 }
 
@@ -180,8 +182,9 @@ int UseX4New(int on) {
 int ReadG9Mutation(int index, char* code, int codeSize, double* value, char* text1, int text1Size, char* text2,
                    int text2Size) {
     return WithSharedRecords([&](CAllRecordsEx& r) {
-        return value == nullptr ? tabvex::NoPlaceForValue(r)
-                                : r.ReadG9Mutation(index, code, codeSize, *value, text1, text1Size, text2, text2Size);
+        return ReadMutationValue(code, value, [&](char* to, double& number) {
+            return r.ReadG9Mutation(index, to, codeSize, number, text1, text1Size, text2, text2Size);
+        });
     });
 }
 

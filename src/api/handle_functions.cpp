@@ -6,6 +6,8 @@
 
 using tabvex::Application;
 using tabvex::CMifInstance;
+using tabvex::ReadMutationValue;
+using tabvex::ReadValue;
 using tabvex::WithInstance;
 using tabvex::WithRecords;
 
@@ -59,13 +61,13 @@ int MifReadCharItem(int handle, int item, char* buffer, int size) {
 
 int MifReadIntItem(int handle, int item, int* value) {
     return WithRecords(handle, [&](CAllRecordsEx& r) {
-        return value == nullptr ? tabvex::NoPlaceForValue(r) : r.ReadIntItem(item, *value);
+        return ReadValue(r, value, [&](int& to) { return r.ReadIntItem(item, to); });
     });
 }
 
 int MifReadFloatItem(int handle, int item, double* value) {
     return WithRecords(handle, [&](CAllRecordsEx& r) {
-        return value == nullptr ? tabvex::NoPlaceForValue(r) : r.ReadFloatItem(item, *value);
+        return ReadValue(r, value, [&](double& to) { return r.ReadFloatItem(item, to); });
     });
 }
 
@@ -159,8 +161,9 @@ char MifSetDelimiter(int handle, char delimiter) {
 int MifReadX4Mutation(int handle, int index, char* code, int codeSize, double* value, char* text1, int text1Size,
                       char* text2, int text2Size) {
     return WithRecords(handle, [&](CAllRecordsEx& r) {
-        return value == nullptr ? tabvex::NoPlaceForValue(r)
-                                : r.ReadX4Mutation(index, code, codeSize, *value, text1, text1Size, text2, text2Size);
+        return ReadMutationValue(code, value, [&](char* to, double& number) {
+            return r.ReadX4Mutation(index, to, codeSize, number, text1, text1Size, text2, text2Size);
+        });
     });
 }
 
@@ -194,8 +197,9 @@ int MifUseX4New(int handle, int on) {
 int MifReadG9Mutation(int handle, int index, char* code, int codeSize, double* value, char* text1, int text1Size,
                       char* text2, int text2Size) {
     return WithRecords(handle, [&](CAllRecordsEx& r) {
-        return value == nullptr ? tabvex::NoPlaceForValue(r)
-                                : r.ReadG9Mutation(index, code, codeSize, *value, text1, text1Size, text2, text2Size);
+        return ReadMutationValue(code, value, [&](char* to, double& number) {
+            return r.ReadG9Mutation(index, to, codeSize, number, text1, text1Size, text2, text2Size);
+        });
     });
 }
 

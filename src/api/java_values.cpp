@@ -6,7 +6,7 @@
 #include <new>
 #include <string>
 
-#include "core/guard.h"
+#include "platform/guard.h"
 
 namespace tabvex {
 

@@ -1,8 +1,8 @@
 // The record set together with what it holds, for the members of CAllRecords.
 #pragma once
 
-#include "core/guard.h"
 #include "core/record_set_state.h"
+#include "platform/guard.h"
 #include "tabvex/all_records.h"
 
 /// Runs an operation that needs a loaded table; nothing thrown leaves it, and record objects that it has added by then

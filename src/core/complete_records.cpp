@@ -69,12 +69,9 @@ int CAllRecords::SetCompleteRecord(const char* type, char* line, int lineSize) {
         CRecord* record = ExistingRecordForKey(type);
         if (record != nullptr) {
             RefreshNumbering(*record);
-            record->ParseLine(nullptr);
+            record->TakeLine(nullptr);
         } else {
             record = CreateRecord(tabvex::FindRecordType(type), true);
-        }
-        if (record == nullptr) {
-            return TABVEX_COMPLETE_CANNOT_CREATE;
         }
         record->ReplaceLastLine(text.data());
         return TABVEX_OK;

@@ -6,6 +6,7 @@
 
 #include "core/line_file.h"
 #include "core/record_context.h"
+#include "platform/guard.h"
 #include "tabvex/result_codes.h"
 
 using tabvex::kLineRoom;
@@ -41,6 +42,11 @@ CContinuationRule ContinuationRuleOf(std::string_view type) {
     return rule == kContinuationRules.end() ? CContinuationRule{type, false, kNoMark} : *rule;
 }
 
+const std::vector<CItemDef>& NoItems() {
+    static const std::vector<CItemDef> none;
+    return none;
+}
+
 } // namespace
 
 CRecord::CRecord(const char* type, tabvex::CRecordContext& context) : m_Context(context) {
@@ -71,12 +77,11 @@ int CRecord::GetLineLength() const {
 }
 
 const std::vector<CItemDef>& CRecord::GetLayout() const {
-    static const std::vector<CItemDef> none;
-    return m_pLayout == nullptr ? none : m_pLayout->GetItems();
+    return *tabvex::Guarded([this] { return &Items(); }, &NoItems());
 }
 
 const CItemDef* CRecord::FindItem(int number) const {
-    return m_pLayout == nullptr ? nullptr : m_pLayout->Find(number);
+    return tabvex::Guarded([&] { return Definition(number); }, nullptr);
 }
 
 int CRecord::GetCurrentLine() const {
@@ -144,9 +149,29 @@ std::size_t CRecord::BufferSize() const {
 }
 
 int CRecord::ParseLine(const char* text) {
+    return tabvex::Guarded([&] { return TakeLine(text); });
+}
+
+int CRecord::AddLine(std::string_view text) {
+    return tabvex::Guarded([&] { return TakeText(text); });
+}
+
+int CRecord::FillDefaults() {
+    return tabvex::Guarded([this] { return PutDefaults(); });
+}
+
+const std::vector<CItemDef>& CRecord::Items() const {
+    return m_pLayout == nullptr ? NoItems() : m_pLayout->GetItems();
+}
+
+const CItemDef* CRecord::Definition(int number) const {
+    return m_pLayout == nullptr ? nullptr : m_pLayout->Find(number);
+}
+
+int CRecord::TakeLine(const char* text) {
     const std::size_t size = BufferSize() - 1;
     if (text != nullptr) {
-        return AddLine({text, strnlen(text, size)});
+        return TakeText({text, strnlen(text, size)});
     }
     BeforeLinesChange();
     char* line = NewLine();
@@ -155,7 +180,7 @@ int CRecord::ParseLine(const char* text) {
     return GetLineCount() - 1;
 }
 
-int CRecord::AddLine(std::string_view text) {
+int CRecord::TakeText(std::string_view text) {
     BeforeLinesChange();
     AppendLine(text);
     return GetLineCount() - 1;
@@ -175,7 +200,7 @@ int CRecord::AppendContinuationLine(int headerLength) {
     const char* model = first ? m_szType : LineAt(m_nCurLine);
     const CContinuationRule rule = ContinuationRuleOf(m_szType);
     const int repeated = rule.TypeOnly || first ? kTypeLength : std::clamp(headerLength - 1, 0, m_nLineLength);
-    ParseLine(nullptr);
+    TakeLine(nullptr);
     std::memcpy(m_pCurLine, model, static_cast<std::size_t>(repeated));
     if (rule.MarkOffset != kNoMark) {
         m_pCurLine[rule.MarkOffset] = tabvex::kNewFormMark;
@@ -202,7 +227,7 @@ int CRecord::HardWrite(const CItemDef& definition, std::string_view text) {
     return TABVEX_OK;
 }
 
-int CRecord::FillDefaults() {
+int CRecord::PutDefaults() {
     return m_pLayout == nullptr || m_pCurLine == nullptr ? 0 : m_pLayout->FillDefaults(m_pCurLine, m_nLineLength);
 }
 

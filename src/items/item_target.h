@@ -16,7 +16,7 @@ int CAllRecords::WithItem(int item, EMissing missing, Operation operation) {
     if (record == nullptr) {
         return TABVEX_NO_RECORD;
     }
-    const CItemDef* definition = record->FindItem(item);
+    const CItemDef* definition = record->Definition(item);
     return definition == nullptr ? TABVEX_ITEM_UNKNOWN : operation(CItemTarget{record, definition});
 }
 

@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "platform/guard.h"
+
 int CStringArray::GetSize() const {
     return static_cast<int>(m_Texts.size());
 }
@@ -12,8 +14,10 @@ const std::string& CStringArray::GetAt(int index) const {
 }
 
 int CStringArray::Add(std::string text) {
-    m_Texts.push_back(std::move(text));
-    return GetSize() - 1;
+    return tabvex::Guarded([&]() -> int {
+        m_Texts.push_back(std::move(text));
+        return GetSize() - 1;
+    });
 }
 
 void CStringArray::RemoveAll() {
@@ -37,8 +41,10 @@ unsigned int CUIntArray::GetAt(int index) const {
 }
 
 int CUIntArray::Add(unsigned int number) {
-    m_Numbers.push_back(number);
-    return GetSize() - 1;
+    return tabvex::Guarded([&]() -> int {
+        m_Numbers.push_back(number);
+        return GetSize() - 1;
+    });
 }
 
 void CUIntArray::RemoveAll() {

@@ -6,7 +6,9 @@
 #include <utility>
 
 #include "core/all_records.h"
+#include "layout/add_to.h"
 #include "layout/ascii.h"
+#include "layout/descriptor_parser.h"
 #include "layout/number_text.h"
 #include "records/default_codes.h"
 
@@ -35,11 +37,12 @@ int AppendValues(const CTableImage& image, const char* type, int item, CStringAr
         if (cursor.GetColumn(3, column) < 0) {
             return kNoValues;
         }
-        if (definition.ParseFormat(std::string(column.substr(0, kLineSize)).c_str()) != TABVEX_OK) {
+        const std::string descriptor(column.substr(0, kLineSize));
+        if (tabvex::CDescriptorParser(descriptor.c_str(), definition).Parse() != TABVEX_OK) {
             return kNoValues;
         }
         for (std::string& value : definition.Values) {
-            values.Add(std::move(value));
+            tabvex::AddTo(values, std::move(value));
         }
         return static_cast<int>(definition.Values.size());
     }
@@ -49,22 +52,22 @@ int AppendValues(const CTableImage& image, const char* type, int item, CStringAr
 template <std::size_t Count>
 void AddAll(const std::array<const char*, Count>& codes, CStringArray& list) {
     for (const char* code : codes) {
-        list.Add(code);
+        tabvex::AddTo(list, code);
     }
 }
 
 template <std::size_t Count>
 void AddAll(const std::array<tabvex::CMutationCode, Count>& mutations, CLayoutCodes& lists) {
     for (const tabvex::CMutationCode& mutation : mutations) {
-        lists.Codes.Add(mutation.Code);
-        lists.Kinds.Add(mutation.Kind);
+        tabvex::AddTo(lists.Codes, mutation.Code);
+        tabvex::AddTo(lists.Kinds, mutation.Kind);
     }
 }
 
 void AppendMutations(const CTableImage& image, const char* type, int item, unsigned kind, CLayoutCodes& lists) {
     AppendValues(image, type, item, lists.Codes);
     while (lists.Kinds.GetSize() < lists.Codes.GetSize()) {
-        lists.Kinds.Add(kind);
+        tabvex::AddTo(lists.Kinds, kind);
     }
 }
 
@@ -203,7 +206,7 @@ void CAllRecords::SetRepairMethodList(char* type, const char* list) {
         CStringArray parts;
         SplitList(list, m_pState->Context.Delimiter, [&parts](int, std::string_view part) {
             if (!part.empty()) {
-                parts.Add(std::string(part));
+                tabvex::AddTo(parts, std::string(part));
             }
         });
         m_pState->Context.CodesOf(*listType).All = std::move(parts);
@@ -249,9 +252,9 @@ void CAllRecords::ReplaceMutationList(const std::string& type, const char* list)
     CUIntArray kinds;
     SplitList(list, m_pState->Context.Delimiter, [&](int number, std::string_view part) {
         if (number % 2 == 0) {
-            kinds.Add(static_cast<unsigned>(tabvex::LeadingInteger(part)));
+            tabvex::AddTo(kinds, static_cast<unsigned>(tabvex::LeadingInteger(part)));
         } else if (!part.empty()) {
-            codes.Add(std::string(part));
+            tabvex::AddTo(codes, std::string(part));
         }
     });
     CLayoutCodes& lists = m_pState->Context.CodesOf(*tabvex::ListTypeOf(type));

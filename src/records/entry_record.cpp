@@ -38,22 +38,22 @@ CEntryRecord::CGroup CEntryRecord::MakeGroup(const CGroupRow& row) const {
     std::int64_t length = 0;
     if (row.ItemsKind == EItems::Span) {
         length = m_pLayout->SumLengths(row.Items[0], row.Items[1]);
-        for (const CItemDef& definition : GetLayout()) {
+        for (const CItemDef& definition : Items()) {
             const bool inSpan = definition.Number >= row.Items[0] && definition.Number <= row.Items[1];
-            if (inSpan && FindItem(definition.Number) == &definition) {
+            if (inSpan && Definition(definition.Number) == &definition) {
                 group.Items.push_back(&definition);
             }
         }
     } else {
         for (const int item : row.Items) {
             if (item != 0) {
-                group.Items.push_back(FindItem(item));
+                group.Items.push_back(Definition(item));
                 length += group.Items.back() == nullptr ? 0 : group.Items.back()->Length;
             }
         }
     }
     group.EntryLength = static_cast<int>(std::clamp<std::int64_t>(length, 0, kLongestEntry));
-    const CItemDef* key = FindItem(row.Items[0]);
+    const CItemDef* key = Definition(row.Items[0]);
     const bool placed = key != nullptr && key->Position >= 1 && key->Position <= m_nLineLength;
     const int fromLayout = placed ? key->Position - 1 : kDefaultFirstOffset;
     group.FirstOffset = row.FirstOffset == kFromLayout ? fromLayout : row.FirstOffset;

@@ -303,7 +303,7 @@ int CMutationRecord::ReadMutation(int index, bool newForm, CMutation& mutation) 
         return TABVEX_MUTATION_NONE;
     }
     const auto lengthOf = [this](int item) {
-        const CItemDef* definition = FindItem(item);
+        const CItemDef* definition = Definition(item);
         return definition == nullptr ? 0 : definition->Length;
     };
     if (kind == kTwoPartKind) {
@@ -316,7 +316,7 @@ int CMutationRecord::ReadMutation(int index, bool newForm, CMutation& mutation) 
         mutation.Text2 = PartOfCell(TextOf(cell), kValueOffset + kSplitText1Length, kCellLength);
         return TABVEX_OK;
     }
-    const CItemDef* value = FindItem(m_Items.Numeric[1]);
+    const CItemDef* value = Definition(m_Items.Numeric[1]);
     return value == nullptr
                ? TABVEX_ITEM_UNKNOWN
                : ReadMutationValue(*value, PartOfCell(TextOf(cell), kValueOffset, value->Length), mutation);

@@ -20,7 +20,7 @@ int COldMutationRecord::CurrentCell() const {
 // The item's own value list tells the repair methods.
 bool COldMutationRecord::IsPosition(int cell) const {
     const std::string_view code = CodeOfCell(CellText(cell));
-    const CItemDef* definition = FindItem(m_Items.Position[0]);
+    const CItemDef* definition = Definition(m_Items.Position[0]);
     if (definition != nullptr && !definition->Values.empty()) {
         return std::find(definition->Values.begin(), definition->Values.end(), code) != definition->Values.end();
     }

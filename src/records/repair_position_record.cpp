@@ -57,7 +57,7 @@ int CRepairPositionRecord::PrepareSearch(int item, std::string_view text, const 
     if (m_Lines.empty()) {
         return TABVEX_FIND_NO_LINES;
     }
-    definition = item == m_Items.MutationSearch ? nullptr : FindItem(item);
+    definition = item == m_Items.MutationSearch ? nullptr : Definition(item);
     if (definition == nullptr && item != m_Items.MutationSearch) {
         return TABVEX_FIND_NO_DEFINITION;
     }
@@ -80,7 +80,7 @@ int CRepairPositionRecord::PutPositionParts(CCell& cell, std::string_view value)
 }
 
 int CRepairPositionRecord::PutPart(CCell& cell, int item, int offset, std::string_view part) {
-    const CItemDef* definition = FindItem(item);
+    const CItemDef* definition = Definition(item);
     if (definition == nullptr) {
         return TABVEX_ITEM_UNKNOWN;
     }
@@ -101,20 +101,20 @@ int CRepairPositionRecord::ReadMutationFromCells(int index, int number, CMutatio
     }
     const int begin = number * kCellLength;
     const std::string_view code = TrimBlanks(Cut(entry, begin, kCodeLength));
-    const CItemDef* numericCode = FindItem(m_Items.Numeric[0]);
+    const CItemDef* numericCode = Definition(m_Items.Numeric[0]);
     const int data = begin + std::clamp(LengthOf(numericCode), 0, kCellLength);
     mutation.Code = code;
     if (Lists(numericCode, code)) {
-        const CItemDef* value = FindItem(m_Items.Numeric[1]);
+        const CItemDef* value = Definition(m_Items.Numeric[1]);
         return value == nullptr ? TABVEX_ITEM_UNKNOWN
                                 : ReadMutationValue(*value, Cut(entry, data, value->Length), mutation);
     }
-    if (!Lists(FindItem(m_Items.TwoPart[0]), code)) {
+    if (!Lists(Definition(m_Items.TwoPart[0]), code)) {
         return TABVEX_MUTATION_NONE;
     }
-    const int text1Length = std::clamp(LengthOf(FindItem(m_Items.TwoPart[1])), 0, kCellLength);
+    const int text1Length = std::clamp(LengthOf(Definition(m_Items.TwoPart[1])), 0, kCellLength);
     mutation.Text1 = Cut(entry, data, text1Length);
-    mutation.Text2 = Cut(entry, data + text1Length, LengthOf(FindItem(m_Items.TwoPart[2])));
+    mutation.Text2 = Cut(entry, data + text1Length, LengthOf(Definition(m_Items.TwoPart[2])));
     return TABVEX_OK;
 }
 

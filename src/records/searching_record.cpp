@@ -38,7 +38,7 @@ int CSearchingRecord::Search(int item, std::string_view text, Start start) {
     if (m_Lines.empty()) {
         return TABVEX_FIND_NO_LINES;
     }
-    const CItemDef* definition = FindItem(wanted);
+    const CItemDef* definition = Definition(wanted);
     if (definition == nullptr) {
         return TABVEX_FIND_NO_DEFINITION;
     }

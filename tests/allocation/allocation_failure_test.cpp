@@ -8,8 +8,10 @@
 #include <gtest/gtest.h>
 
 #include "allocation/failing_allocations.h"
+#include "support/both_interfaces.h"
 #include "support/temp_folder.h"
 #include "tabvex/all_records.h"
+#include "tabvex/flat.h"
 #include "tabvex/mif.h"
 
 namespace {
@@ -148,28 +150,39 @@ protected:
         return results.append(ReadFile(m_Room.SaveName)).append(StoreOf(records));
     }
 
-    CTempFolder m_Folder;
-    CRoom m_Room;
-};
-
-TEST_P(AllocationFailure, GivesItsCodeAndLeavesTheStoreAsItWas) {
-    const CStep& step = kSession[GetParam()];
-    CAllRecordsEx undisturbed;
-    RunBefore(undisturbed, GetParam());
-    const std::string expected = RunFrom(undisturbed, GetParam());
-    bool failed = true;
-    for (std::size_t number = 1; failed; ++number) {
+    // Refuses one allocation of a step; false when it has none of this number.
+    bool Refuse(std::size_t number, const std::string& expected) {
+        const CStep& step = kSession[GetParam()];
         CAllRecordsEx records;
         RunBefore(records, GetParam());
         const std::string before = StoreOf(records);
         CFailingAllocations failing(number);
         const int result = step.Run(records, m_Room);
-        failed = failing.Stop();
+        const bool failed = failing.Stop();
         if (failed) {
             EXPECT_EQ(result, step.Failure) << step.Name << ", allocation " << number;
-            ASSERT_TRUE(step.Renumbers || StoreOf(records) == before) << step.Name << ", allocation " << number;
-            ASSERT_EQ(RunFrom(records, GetParam()), expected) << step.Name << ", allocation " << number;
+            EXPECT_TRUE(step.Renumbers || StoreOf(records) == before) << step.Name << ", allocation " << number;
+            EXPECT_EQ(RunFrom(records, GetParam()), expected) << step.Name << ", allocation " << number;
         }
+        return failed;
+    }
+
+    CTempFolder m_Folder;
+    CRoom m_Room;
+};
+
+TEST_P(AllocationFailure, GivesItsCodeAndLeavesTheStoreAsItWas) {
+    std::string expected;
+    {
+        CAllRecordsEx undisturbed;
+        RunBefore(undisturbed, GetParam());
+        expected = RunFrom(undisturbed, GetParam());
+    }
+    bool failed = true;
+    for (std::size_t number = 1; failed && !HasFailure(); ++number) {
+        const std::size_t live = LiveAllocations();
+        failed = Refuse(number, expected);
+        ASSERT_EQ(LiveAllocations(), live) << kSession[GetParam()].Name << ", allocation " << number;
     }
 }
 
@@ -180,51 +193,294 @@ std::string StepName(const ::testing::TestParamInfo<std::size_t>& info) {
 INSTANTIATE_TEST_SUITE_P(OfEveryOperation, AllocationFailure, ::testing::Range(std::size_t{0}, kSession.size()),
                          StepName);
 
-// A caller's session through handles, as far as it comes. The handle, 0 without memory.
-int RunHandleSession(CRoom& room) {
-    const int handle = MifCreateInstance();
-    MifUseX4New(handle, 1);
-    if (MifLoadTable(handle, kTable.c_str(), 3, 2) == TABVEX_OK) {
-        MifReadAllRecordsEx(handle, kRecords.c_str());
-        MifReadFirst(handle, 4025);
-        MifReadItem(handle, 4025, room.Text.data(), Size(room.Text));
-        MifWriteItem(handle, 1020, "CLAIM 4711");
-        MifAddX4Mutation(handle, "TM/LA/two layers");
-        MifFindFirst(handle, 4025, "I");
-        MifSaveAllRecords(handle, room.SaveName.c_str(), 1);
+// --- A whole session, through handles and flat ----------------------------------------------------------------------
+
+struct CCall {
+    const char* Name;
+    int (*Run)(int handle, CRoom& room);
+    int Failure = TABVEX_INTERNAL_FAILURE;
+};
+
+// Without a handle's own counter of lines, so that a step may be repeated.
+int FirstAndNextLine(int handle, CRoom& room) {
+    const int first = Call(handle, GetFirstCompleteRecord, MifGetFirstCompleteRecord, "G9", room.Text.data(), 600);
+    if (first != TABVEX_OK) {
+        return first;
     }
-    return handle;
+    GetFirstCompleteRecord("none", nullptr, 0); // the flat counter tells the line for handles as well
+    return Call(handle, GetNextCompleteRecord, MifGetNextCompleteRecord, "X2", room.More.data(), 600);
 }
 
-// Sweeps a whole session; nothing may be left behind, and the next session must go well.
-void SweepHandleSession(CRoom& room, CFailingAllocations::EExtent extent) {
+int AddLine(int handle, const char* type, std::string_view begin) {
+    std::array<char, 129> line;
+    line.fill(' ');
+    line.back() = '\0';
+    std::copy(begin.begin(), begin.end(), line.begin());
+    return Call(handle, SetCompleteRecord, MifSetCompleteRecord, type, line.data(), 129);
+}
+
+int ReadNumbers(int handle, CRoom& room) {
+    const int result = Call(handle, ReadIntItem, MifReadIntItem, 1060, &room.Number);
+    return result == TABVEX_OK ? Call(handle, ReadFloatItem, MifReadFloatItem, 1130, &room.Amount) : result;
+}
+
+// clang-format off
+const std::vector<CCall> kCalls = {
+    {"LoadTable", [](int h, CRoom&) { return Call(h, LoadTable, MifLoadTable, kTable.c_str(), 3, 2); }},
+    {"UseX4New", [](int h, CRoom&) { Call(h, UseX4New, MifUseX4New, 1); return Done(); }},
+    {"ReadAllRecordsEx", [](int h, CRoom&) { return Call(h, ReadAllRecordsEx, MifReadAllRecordsEx, kRecords.c_str()); }},
+    {"ReadFirst", [](int h, CRoom&) { return Call(h, ReadFirst, MifReadFirst, 4025); }},
+    {"ReadItem", [](int h, CRoom& room) { return Call(h, ReadItem, MifReadItem, 4025, room.Text.data(), 600); }},
+    {"ReadCharItem", [](int h, CRoom& room) { return Call(h, ReadCharItem, MifReadCharItem, 1020, room.Text.data(), 600); }},
+    {"ReadNumbers", ReadNumbers},
+    {"ReadDateItem", [](int h, CRoom& room) { return Call(h, ReadDateItem, MifReadDateItem, 1030, "YYYY-MM-DD", room.Text.data(), 600); }},
+    {"HardReadDynItem", [](int h, CRoom& room) { return Call(h, HardReadDynItem, MifHardReadDynItem, 4025, room.Text.data(), 600); }},
+    {"WriteItem", [](int h, CRoom&) { return Call(h, WriteItem, MifWriteItem, 1020, "CLAIM 4711"); }},
+    {"WriteCharItem", [](int h, CRoom&) { return Call(h, WriteCharItem, MifWriteCharItem, 1090, "Another keeper"); }},
+    {"WriteIntItem", [](int h, CRoom&) { return Call(h, WriteIntItem, MifWriteIntItem, 1060, 4711); }},
+    {"WriteFloatItem", [](int h, CRoom&) { return Call(h, WriteFloatItem, MifWriteFloatItem, 1130, 8.1); }},
+    {"WriteRoundFloatItem", [](int h, CRoom&) { return Call(h, WriteRoundFloatItem, MifWriteRoundFloatItem, 1130, 19.001); }},
+    {"WriteDateItem", [](int h, CRoom&) { return Call(h, WriteDateItem, MifWriteDateItem, 1030, "DD.MM.YYYY", "24.03.2015"); }},
+    {"AddX4Mutation", [](int h, CRoom&) { return Call(h, AddX4Mutation, MifAddX4Mutation, "TM/LA/two layers"); }},
+    {"ReadX4Mutation", [](int h, CRoom& room) { return Call(h, ReadX4Mutation, MifReadX4Mutation, 1, room.Text.data(), 600, &room.Amount, room.More.data(), 600, room.Rest.data(), 600); }},
+    {"ReadX4MutationChar", [](int h, CRoom& room) { return Call(h, ReadX4MutationChar, MifReadX4MutationChar, 1, room.Text.data(), 600, room.File.data(), 600, room.More.data(), 600, room.Rest.data(), 600); }},
+    {"DeleteOneX4Mutation", [](int h, CRoom&) { return Call(h, DeleteOneX4Mutation, MifDeleteOneX4Mutation, "TM"); }},
+    {"ReadFirstOfG9", [](int h, CRoom&) { return Call(h, ReadFirst, MifReadFirst, 19225); }},
+    {"AddG9Mutation", [](int h, CRoom&) { return Call(h, AddG9Mutation, MifAddG9Mutation, "TM/LA/text"); }},
+    {"ReadG9Mutation", [](int h, CRoom& room) { return Call(h, ReadG9Mutation, MifReadG9Mutation, 1, room.Text.data(), 600, &room.Amount, room.More.data(), 600, room.Rest.data(), 600); }},
+    {"FindFirst", [](int h, CRoom&) { return Call(h, FindFirst, MifFindFirst, 4025, "I"); }},
+    {"CompleteRecords", FirstAndNextLine},
+    {"SetCompleteRecord", [](int h, CRoom&) { return AddLine(h, "X2", "X20001 2CODE1"); }},
+    {"HardWriteDynItem", [](int h, CRoom&) { return Call(h, HardWriteDynItem, MifHardWriteDynItem, 2020, "CODE9/     47.11"); }},
+    {"SaveAllRecords", [](int h, CRoom& room) { return Call(h, SaveAllRecords, MifSaveAllRecords, room.SaveName.c_str(), 1); }},
+    {"DestroyKnownRecordsOnly", [](int h, CRoom&) { h == kFlat ? DestroyKnownRecordsOnly() : MifDestroyKnownRecordsOnly(h); return Done(); }},
+    {"ReadAllRecords", [](int h, CRoom&) { return Call(h, ReadAllRecords, MifReadAllRecords, kRecords.c_str()); }, TABVEX_READ_FAILED},
+    {"ReadAll_V_Records", [](int h, CRoom&) { return Call(h, ReadAll_V_Records, MifReadAll_V_Records, kLines.c_str()); }, TABVEX_READ_FAILED},
+};
+// clang-format on
+
+// What a session answered and delivered; nothing of it allocates.
+struct COutcome {
+    int Result;
+    std::size_t Delivered;
+};
+using COutcomes = std::array<COutcome, 64>;
+
+std::size_t HashOf(const CRoom& room) {
+    constexpr std::size_t kFactor = 1099511628211U;
+    std::size_t hash = static_cast<std::size_t>(room.Number) + static_cast<std::size_t>(room.Amount * 100);
+    const auto add = [&hash](const auto& text) {
+        for (std::size_t i = 0; i < 700; ++i) {
+            hash = hash * kFactor + static_cast<unsigned char>(text[i]);
+        }
+    };
+    add(room.Text);
+    add(room.More);
+    add(room.Rest);
+    add(room.File);
+    return hash;
+}
+
+void Clear(CRoom& room) {
+    room.Text.fill('\0');
+    room.More.fill('\0');
+    room.Rest.fill('\0');
+    std::fill(room.File.begin(), room.File.end(), '\0');
+    room.Number = 0;
+    room.Amount = 0;
+}
+
+// Runs the session. Where a step's allocation fails (`failing` given), the step must answer its failure code; it is
+// then run once more, when only one allocation fails, and has to go well. Gives the outcomes of the session as if
+// nothing had failed.
+std::size_t RunSession(int handle, CRoom& room, COutcomes& outcomes, CFailingAllocations* failing) {
+    Clear(room);
+    std::size_t failed = kCalls.size();
+    for (std::size_t step = 0; step < kCalls.size(); ++step) {
+        const bool before = failing != nullptr && failing->HasFailed();
+        int result = kCalls[step].Run(handle, room);
+        if (failing != nullptr && !before && failing->HasFailed() && failed == kCalls.size()) {
+            failed = step;
+            outcomes[step] = {result, 0};
+            if (failing->Extent() == CFailingAllocations::EExtent::AllBehind) {
+                continue;
+            }
+            EXPECT_EQ(result, kCalls[step].Failure) << kCalls[step].Name;
+            result = kCalls[step].Run(handle, room);
+        }
+        outcomes[step] = {result, HashOf(room)};
+    }
+    return failed;
+}
+
+class SessionWithoutMemory : public ::testing::TestWithParam<bool> {
+protected:
+    SessionWithoutMemory() {
+        m_Room.SaveName = m_Folder.PathOf("saved");
+        Undisturbed(m_Expected); // what is allocated once for the process is there now
+        m_strSaved = ReadFile(m_Room.SaveName);
+    }
+
+    static bool IsFlat() { return GetParam(); }
+    static int Begin() { return IsFlat() ? kFlat : MifCreateInstance(); }
+    static void End(int handle) { handle == kFlat ? DestroyAllRecords() : MifDestroyInstance(handle); }
+
+    void Undisturbed(COutcomes& outcomes) {
+        const int handle = Begin();
+        RunSession(handle, m_Room, outcomes, nullptr);
+        End(handle);
+    }
+    void ExpectAsUndisturbed(const COutcomes& outcomes, std::size_t count, std::size_t number) {
+        for (std::size_t step = 0; step < count; ++step) {
+            ASSERT_EQ(outcomes[step].Result, m_Expected[step].Result) << kCalls[step].Name << ", allocation " << number;
+            ASSERT_EQ(outcomes[step].Delivered, m_Expected[step].Delivered)
+                << kCalls[step].Name << ", allocation " << number;
+        }
+    }
+
+    CTempFolder m_Folder;
+    CRoom m_Room;
+    COutcomes m_Expected = {};
+    std::string m_strSaved;
+};
+
+INSTANTIATE_TEST_SUITE_P(Of, SessionWithoutMemory, ::testing::Bool(),
+                         [](const auto& test) { return test.param ? "TheSharedRecordSet" : "AnInstance"; });
+
+TEST_P(SessionWithoutMemory, IsTheSameWhenTheStepThatFailedIsRepeated) {
     bool failed = true;
     for (std::size_t number = 1; failed; ++number) {
         const std::size_t live = LiveAllocations();
-        CFailingAllocations failing(number, extent);
-        const int handle = RunHandleSession(room);
+        const int handle = Begin();
+        COutcomes outcomes = {};
+        CFailingAllocations failing(number);
+        RunSession(handle, m_Room, outcomes, &failing);
         failed = failing.Stop();
-        if (handle != 0) {
-            MifDestroyInstance(handle);
-        }
-        ASSERT_EQ(LiveAllocations(), live) << "allocation " << number;
+        End(handle);
+        ASSERT_TRUE(IsFlat() || LiveAllocations() == live) << "allocation " << number;
+        ExpectAsUndisturbed(outcomes, kCalls.size(), number);
+        ASSERT_EQ(ReadFile(m_Room.SaveName), m_strSaved) << "allocation " << number;
     }
 }
 
-TEST(HandleSessionWithoutMemory, LeavesNothingBehindWhicheverAllocationFails) {
-    const CTempFolder folder;
-    CRoom room;
-    room.SaveName = folder.PathOf("saved");
-    MifDestroyInstance(RunHandleSession(room)); // what is allocated once for the process is there now
-    SweepHandleSession(room, CFailingAllocations::EExtent::One);
+// What follows the first failure works on what there is: a step that does not answer as ever answers one of the codes
+// that tell so.
+bool IsConsequence(int result) {
+    constexpr std::array<int, 7> kCodes = {TABVEX_INTERNAL_FAILURE, TABVEX_NO_TABLE,       TABVEX_NO_RECORD,
+                                           TABVEX_READ_FAILED,      TABVEX_FIND_NO_RECORD, TABVEX_MUTATION_NONE,
+                                           TABVEX_MUTATION_NO_ENTRY};
+    return std::find(kCodes.begin(), kCodes.end(), result) != kCodes.end();
 }
 
-TEST(HandleSessionWithoutMemory, LeavesNothingBehindWhenMemoryStaysShort) {
-    const CTempFolder folder;
-    CRoom room;
-    room.SaveName = folder.PathOf("saved");
-    MifDestroyInstance(RunHandleSession(room));
-    SweepHandleSession(room, CFailingAllocations::EExtent::AllBehind);
+TEST_P(SessionWithoutMemory, SaysSoAndLeavesNothingBehindWhenMemoryStaysShort) {
+    bool failed = true;
+    for (std::size_t number = 1; failed; ++number) {
+        const std::size_t live = LiveAllocations();
+        const int handle = Begin();
+        COutcomes outcomes = {};
+        CFailingAllocations failing(number, CFailingAllocations::EExtent::AllBehind);
+        const std::size_t first = RunSession(handle, m_Room, outcomes, &failing);
+        failed = failing.Stop();
+        End(handle);
+        ASSERT_TRUE(IsFlat() || LiveAllocations() == live) << "allocation " << number;
+        ExpectAsUndisturbed(outcomes, first, number);
+        for (std::size_t step = first; step < kCalls.size(); ++step) {
+            const int result = outcomes[step].Result;
+            ASSERT_TRUE(step == first ? result == kCalls[step].Failure
+                                      : result == m_Expected[step].Result || IsConsequence(result))
+                << kCalls[step].Name << " gave " << result << ", allocation " << number;
+        }
+        Undisturbed(outcomes);
+        ExpectAsUndisturbed(outcomes, kCalls.size(), number);
+        ASSERT_EQ(ReadFile(m_Room.SaveName), m_strSaved) << "allocation " << number;
+    }
+}
+
+// LOADTABLE
+//  --- What callers reach beside the record set -----------------------------------------------------------------------
+
+TEST(WithoutMemory, ADescriptorGivesAnInternalFailure) {
+    bool failed = true;
+    for (std::size_t number = 1; failed; ++number) {
+        CItemDef definition;
+        definition.Length = 30;
+        CFailingAllocations failing(number);
+        const int result = definition.ParseFormat(R"(C,"a default of many letters",,,,("a default of many letters"))");
+        failed = failing.Stop();
+        EXPECT_EQ(result, failed ? TABVEX_INTERNAL_FAILURE : TABVEX_OK) << "allocation " << number;
+        EXPECT_TRUE(failed || number > 2) << "at least the two texts need memory";
+    }
+}
+
+class RecordWithoutMemory : public ::testing::Test {
+protected:
+    // The layout of a record that was just read is not yet parsed.
+    RecordWithoutMemory() {
+        (void)m_Records.LoadTable(kTable.c_str(), 3, 2);
+        (void)m_Records.ReadAllRecords(kRecords.c_str());
+    }
+
+    CAllRecordsEx m_Records;
+};
+
+TEST_F(RecordWithoutMemory, HasAnEmptyLayoutUntilThereIsMemory) {
+    bool failed = true;
+    for (std::size_t number = 1; failed; ++number) {
+        CAllRecordsEx records;
+        ASSERT_EQ(records.LoadTable(kTable.c_str(), 3, 2), TABVEX_OK);
+        ASSERT_EQ(records.ReadAllRecords(kRecords.c_str()), TABVEX_READ_SUCCEEDED);
+        const CRecord* record = records.ExistRecord("X1");
+        CFailingAllocations failing(number);
+        const std::size_t count = record->GetLayout().size();
+        failed = failing.Stop();
+        EXPECT_EQ(count, failed ? 0U : 15U) << "allocation " << number;
+        EXPECT_EQ(record->GetLayout().size(), 15U);
+    }
+}
+
+TEST_F(RecordWithoutMemory, FindsNoItemUntilThereIsMemory) {
+    const CRecord* record = m_Records.ExistRecord("X1");
+    CFailingAllocations failing(1);
+    const CItemDef* item = record->FindItem(1020);
+    EXPECT_TRUE(failing.Stop());
+    EXPECT_EQ(item, nullptr);
+    ASSERT_NE(record->FindItem(1020), nullptr);
+    EXPECT_EQ(record->FindItem(1020)->Length, 16);
+}
+
+TEST_F(RecordWithoutMemory, TakesNoLineAndNoDefaults) {
+    CRecord* record = m_Records.ExistRecord("X1");
+    int result = 0;
+    do { // the room that there is takes some lines
+        CFailingAllocations failing(1);
+        result = record->GetLineCount() % 2 == 0 ? record->AddLine("X1") : record->ParseLine("X1");
+        EXPECT_EQ(failing.Stop(), result < 0);
+    } while (result >= 0);
+    EXPECT_EQ(result, TABVEX_INTERNAL_FAILURE);
+    const int count = record->GetLineCount();
+    EXPECT_EQ(record->AddLine("X1"), count);
+    CFailingAllocations failing(1);
+    result = record->FillDefaults();
+    EXPECT_TRUE(failing.Stop());
+    EXPECT_EQ(result, TABVEX_INTERNAL_FAILURE);
+    EXPECT_EQ(record->FillDefaults(), 4) << "of the items 1000, 1005, 1080 and 1120";
+}
+
+template <typename Array, typename Value>
+void ExpectFullArrayStaysAsItIs(const Value& value) {
+    Array array;
+    EXPECT_EQ(array.Add(value), 0);
+    CFailingAllocations failing(1);
+    const int result = array.Add(value); // room for one only, so far
+    EXPECT_TRUE(failing.Stop());
+    EXPECT_EQ(result, TABVEX_INTERNAL_FAILURE);
+    EXPECT_EQ(array.GetSize(), 1);
+    EXPECT_EQ(array.Add(value), 1);
+}
+
+TEST(ArrayWithoutMemory, TakesNoMoreAndStaysAsItIs) {
+    ExpectFullArrayStaysAsItIs<CStringArray>(std::string("short"));
+    ExpectFullArrayStaysAsItIs<CUIntArray>(4711U);
 }
 
 TEST(HandleSessionWithoutMemory, CreatingAnInstanceGivesHandle0) {

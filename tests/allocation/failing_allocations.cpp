@@ -50,7 +50,7 @@ constexpr std::size_t kUsual = alignof(std::max_align_t);
 
 } // namespace
 
-CFailingAllocations::CFailingAllocations(std::size_t number, EExtent extent) {
+CFailingAllocations::CFailingAllocations(std::size_t number, EExtent extent) : m_Extent(extent) {
     g_bFailed = false;
     g_bAllBehind = extent == EExtent::AllBehind;
     g_nUntilFailure = number;
@@ -58,6 +58,10 @@ CFailingAllocations::CFailingAllocations(std::size_t number, EExtent extent) {
 
 CFailingAllocations::~CFailingAllocations() {
     Stop();
+}
+
+bool CFailingAllocations::HasFailed() const {
+    return g_bFailed;
 }
 
 bool CFailingAllocations::Stop() {

@@ -14,8 +14,14 @@ public:
     CFailingAllocations(const CFailingAllocations&) = delete;
     CFailingAllocations& operator=(const CFailingAllocations&) = delete;
 
+    EExtent Extent() const { return m_Extent; }
+    /// True once an allocation was refused.
+    bool HasFailed() const;
     /// Ends the failing; true when an allocation was refused.
     bool Stop();
+
+private:
+    EExtent m_Extent;
 };
 
 /// Allocations of this program that have not been freed.

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <cstdlib>
 #include <map>
 #include <random>
 #include <string>
@@ -87,12 +88,22 @@ TEST_F(HandleFunctions, DestroyingAnUnknownHandleDestroysTheLastInstance) {
     EXPECT_EQ(line[127], 'f');
 }
 
-TEST_F(HandleFunctions, WithoutAnInstanceEveryFunctionFails) {
-    EXPECT_EQ(MifReadFirst(4, 1005), -1);
-    EXPECT_EQ(MifLoadTable(4, kTable, 3, 2), -1);
-    EXPECT_EQ(MifSetDelimiter(4, '|'), '\0');
-    MifDestroyAllRecords(4);
+TEST_F(HandleFunctions, WithoutAnInstanceThereIsNothingToDestroy) {
     MifDestroyInstance(4);
+    MifDestroyInstance(0);
+    EXPECT_EQ(MifReadFirst(4, 1005), -1);
+}
+
+// True in a process in which no instance was created before.
+bool FirstHandlesAre4And8And12AndBehindThem16() {
+    const bool three = MifCreateInstance() == 4 && MifCreateInstance() == 8 && MifCreateInstance() == 12;
+    MifDestroyInstance(8);
+    return three && MifCreateInstance() == 16;
+}
+
+TEST(HandleFunctionsDeathTest, TheFirstHandlesOfAProcessAre4And8And12AndThen16WhicheverIsDestroyed) {
+    GTEST_FLAG_SET(death_test_style, "threadsafe"); // in a process of its own
+    EXPECT_EXIT(std::_Exit(FirstHandlesAre4And8And12AndBehindThem16() ? 0 : 1), testing::ExitedWithCode(0), "");
 }
 
 TEST_F(HandleFunctions, TheCounterOfTheFlatFunctionsTellsTheNextCompleteRecord) {
