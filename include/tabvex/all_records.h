@@ -20,8 +20,9 @@ struct CRecordSetState;
 /// Use: construct, LoadTable, ReadAllRecords(Ex), position with ReadFirst/ReadNext/FindFirst, read and write items,
 /// SaveAllRecords. Every int operation returns a code of result_codes.h; operations by item number return
 /// TABVEX_NO_TABLE until a table has been loaded, FindFirst TABVEX_FIND_NO_TYPE. A failed operation leaves the lines as
-/// they were, unless it says otherwise. Null pointer arguments give TABVEX_BAD_ARGUMENT. Nothing is thrown; what goes wrong inside, out of memory
-/// included, gives TABVEX_INTERNAL_FAILURE. A record set must be used by one thread at a time.
+/// they were, unless it says otherwise. Null pointer arguments give TABVEX_BAD_ARGUMENT. Nothing is thrown; what goes
+/// wrong inside, out of memory included, gives TABVEX_INTERNAL_FAILURE. A record set must be used by one thread at a
+/// time.
 class TABVEX_API CAllRecords {
 public:
     CAllRecords();
@@ -105,8 +106,8 @@ public:
     /// The same with the type's line `lineNumber`, 1-based: TABVEX_COMPLETE_NO_SUCH_LINE.
     int GetNextCompleteRecord(const char* type, char* buffer, int bufferSize, int lineNumber);
     /// Adds a whole line to the record object of a type, which is created when missing. `line` has 129 bytes; it is
-    /// padded with blanks and, in OEM mode, converted from ANSI to OEM in place. An unknown type gets a record object of
-    /// its own. TABVEX_OK; TABVEX_BAD_ARGUMENT: `lineSize` is not 129. TABVEX_COMPLETE_CANNOT_CREATE is kept but not
+    /// padded with blanks and, in OEM mode, converted from ANSI to OEM in place. An unknown type gets a record object
+    /// of its own. TABVEX_OK; TABVEX_BAD_ARGUMENT: `lineSize` is not 129. TABVEX_COMPLETE_CANNOT_CREATE is kept but not
     /// given any more.
     int SetCompleteRecord(const char* type, char* line, int lineSize);
 
@@ -119,8 +120,8 @@ public:
     /// parts are dropped. `type` is turned to upper case in place; any other type is ignored.
     void SetRepairMethodList(char* type, const char* list);
     /// Replaces the mutation codes and kinds of "X4" or "W4" (CAllRecordsEx: "G9" too) by the pairs code, kind, code,
-    /// kind ... of `list`, such as "EM/1/TM/3". An empty code is dropped, its kind is not: kept on purpose. Its place is
-    /// behind LoadTable, which fills the lists anew, and before the records are read, whose layouts take them then.
+    /// kind ... of `list`, such as "EM/1/TM/3". An empty code is dropped, its kind is not: kept on purpose. Its place
+    /// is behind LoadTable, which fills the lists anew, and before the records are read, whose layouts take them then.
     void SetMutationList(char* type, const char* list);
 
     // The lists handed out are the record set's own and stay owned by it. Null only when there is no memory to fill
