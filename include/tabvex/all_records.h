@@ -54,8 +54,8 @@ public:
     /// TABVEX_FILE_READ_FAILED on failure; afterwards every record object runs its fix-up after reading.
     int ReadAllRecordsEx(const char* fileName);
     /// Reads a file of lines of any length up to the first empty line; lines of unknown types are passed over, a
-    /// record keeps a line's first 130 characters. TABVEX_READ_SUCCEEDED, also for an empty file, or
-    /// TABVEX_READ_FAILED when the file cannot be opened.
+    /// record keeps a line's first 130 characters. Records held before stay as with ReadAllRecords.
+    /// TABVEX_READ_SUCCEEDED, also for an empty file, or TABVEX_READ_FAILED when the file cannot be opened.
     int ReadAll_V_Records(const char* fileName);
     /// Destroys every record object. A search in progress ends.
     void DestroyAllRecords();
@@ -80,7 +80,7 @@ public:
 
     /// Moves the cursor of the record that owns `item` to its first entry; `item` is the group key item of the type.
     /// TABVEX_OK; TABVEX_NO_TABLE; TABVEX_NO_RECORD; TABVEX_ENTRY_NO_MORE, TABVEX_ENTRY_WRONG_KEY,
-    /// TABVEX_ENTRY_NO_LINES, TABVEX_ENTRY_EMPTY_SPAN, TABVEX_ENTRY_NO_STEP_BACK and what else the type answers.
+    /// TABVEX_ENTRY_NO_LINES, TABVEX_ENTRY_EMPTY_SPAN and what else the type answers.
     int ReadFirst(int item);
     /// Moves to the next entry. Codes as ReadFirst: TABVEX_ENTRY_NO_MORE behind the last one.
     int ReadNext(int item);
