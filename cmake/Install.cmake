@@ -31,7 +31,16 @@ configure_package_config_file(${CMAKE_CURRENT_LIST_DIR}/TabVex32XConfig.cmake.in
 write_basic_package_version_file(${PROJECT_BINARY_DIR}/TabVex32XConfigVersion.cmake COMPATIBILITY SameMinorVersion)
 install(FILES ${PROJECT_BINARY_DIR}/TabVex32XConfig.cmake ${PROJECT_BINARY_DIR}/TabVex32XConfigVersion.cmake
   DESTINATION ${package_dir} COMPONENT Development)
-# Paths are told relative to the file, so that an installation may be moved.
+# Paths are told relative to the file, so that an installation may be moved; a folder given as an absolute path stays
+# what it is.
+set(libdir_in_pc "\${prefix}/${CMAKE_INSTALL_LIBDIR}")
+set(includedir_in_pc "\${prefix}/${CMAKE_INSTALL_INCLUDEDIR}")
+foreach(folder IN ITEMS libdir includedir)
+  string(TOUPPER ${folder} name)
+  if(IS_ABSOLUTE "${CMAKE_INSTALL_${name}}")
+    set(${folder}_in_pc "${CMAKE_INSTALL_${name}}")
+  endif()
+endforeach()
 file(RELATIVE_PATH prefix_from_pc
   ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig ${CMAKE_INSTALL_PREFIX})
 string(REGEX REPLACE "/$" "" prefix_from_pc "${prefix_from_pc}")

@@ -63,7 +63,7 @@ public class ChangeCalculation {
         printOptions();
         changeMileage(48350);
         // TM is the one code of the sample table that can be added as it is; the others need their kinds to be told by
-        // setMutationList.
+        // setMutationList, after the table is loaded and before the records are read.
         addMutation("0301", "TM/99.50");
         printMutations("0301");
         save(output);

@@ -65,7 +65,7 @@ static int PrintOptions(int handle) {
             Failed("reading an option", MifReadItem(handle, kOption, option, sizeof option))) {
             return 1;
         }
-        printf("option %s %8.2f\n", option, price);
+        printf("option %-19s %8.2f\n", Trimmed(option), price);
         sum += price;
         count += 1;
     }
@@ -145,7 +145,7 @@ static int Save(int handle, const char* output) {
 
 static int Change(int handle, const char* table, const char* records, const char* output) {
     /* TM is the one code of the sample table that can be added as it is; the others need their kinds to be told by
-       SetMutationList, which C++ and Java have. */
+       SetMutationList, which C++ and Java have, after the table is loaded and before the records are read. */
     return Load(handle, table, records) || PrintHead(handle) || PrintOptions(handle) || ChangeMileage(handle, 48350) ||
            AddMutation(handle, "0301", "TM/99.50") || PrintMutations(handle, "0301") || Save(handle, output);
 }

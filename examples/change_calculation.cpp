@@ -112,7 +112,7 @@ void Change(const char* table, const char* input, const char* output) {
     PrintOptions(records);
     ChangeMileage(records, 48350);
     // TM is the one code of the sample table that can be added as it is; the others need their kinds to be told by
-    // SetMutationList.
+    // SetMutationList, after the table is loaded and before the records are read.
     AddMutation(records, "0301", "TM/99.50");
     PrintMutations(records, "0301");
     Save(records, output);

@@ -192,7 +192,7 @@ def change(library, table, records, output):
         calculation.write_integer(MILEAGE, 48350)
         print("mileage changed to 48350 km")
         # TM is the one code of the sample table that can be added as it is; the others need their kinds to be told by
-        # SetMutationList, which C++ and Java have.
+        # SetMutationList, which C++ and Java have, after the table is loaded and before the records are read.
         calculation.add_mutation("0301", "TM/99.50")
         print("mutation TM/99.50 added to part 0301")
         mutations = calculation.mutations("0301")

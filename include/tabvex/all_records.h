@@ -19,9 +19,10 @@ struct CRecordSetState;
 ///
 /// Use: construct, LoadTable, ReadAllRecords(Ex), position with ReadFirst/ReadNext/FindFirst, read and write items,
 /// SaveAllRecords. Every int operation returns a code of result_codes.h; operations by item number return
-/// TABVEX_NO_TABLE until a table has been loaded. A failed operation leaves the lines as they were, unless it says
-/// otherwise. Null pointer arguments give TABVEX_BAD_ARGUMENT. Nothing is thrown; what goes wrong inside, out of memory
-/// included, gives TABVEX_INTERNAL_FAILURE. A record set must be used by one thread at a time.
+/// TABVEX_NO_TABLE until a table has been loaded, FindFirst TABVEX_FIND_NO_TYPE. A failed operation leaves the lines as
+/// they were, unless it says otherwise. Null pointer arguments give TABVEX_BAD_ARGUMENT. Nothing is thrown; what goes
+/// wrong inside, out of memory included, gives TABVEX_INTERNAL_FAILURE. A record set must be used by one thread at a
+/// time.
 class TABVEX_API CAllRecords {
 public:
     CAllRecords();
@@ -44,16 +45,17 @@ public:
     // --- Reading and destroying records -----------------------------------------------------------------------------
 
     /// Reads a file of 128-character records, with CR LF behind each (when the first has it) or without. Records held
-    /// before are destroyed once the file is open; record numbering is switched on for all types.
-    /// TABVEX_READ_SUCCEEDED (1); TABVEX_READ_FAILED (0): the file cannot be opened or read, or a record is short; what
-    /// was read before a failure stays.
+    /// before stay until the new ones are read, so that both are in memory meanwhile, and they are still there when the
+    /// file cannot be opened or memory runs out. Record numbering is switched on for all types.
+    /// TABVEX_READ_SUCCEEDED (1); TABVEX_READ_FAILED (0): the file cannot be opened or read, or a record is short, and
+    /// what was read before that takes the place of the records held.
     int ReadAllRecords(const char* fileName);
     /// The same, with TABVEX_OK on success, and TABVEX_READ_CANNOT_OPEN, TABVEX_READ_SHORT_RECORD or
     /// TABVEX_FILE_READ_FAILED on failure; afterwards every record object runs its fix-up after reading.
     int ReadAllRecordsEx(const char* fileName);
     /// Reads a file of lines of any length up to the first empty line; lines of unknown types are passed over, a
-    /// record keeps a line's first 130 characters. TABVEX_READ_SUCCEEDED, also for an empty file, or
-    /// TABVEX_READ_FAILED when the file cannot be opened.
+    /// record keeps a line's first 130 characters. Records held before stay as with ReadAllRecords.
+    /// TABVEX_READ_SUCCEEDED, also for an empty file, or TABVEX_READ_FAILED when the file cannot be opened.
     int ReadAll_V_Records(const char* fileName);
     /// Destroys every record object. A search in progress ends.
     void DestroyAllRecords();
@@ -78,7 +80,7 @@ public:
 
     /// Moves the cursor of the record that owns `item` to its first entry; `item` is the group key item of the type.
     /// TABVEX_OK; TABVEX_NO_TABLE; TABVEX_NO_RECORD; TABVEX_ENTRY_NO_MORE, TABVEX_ENTRY_WRONG_KEY,
-    /// TABVEX_ENTRY_NO_LINES, TABVEX_ENTRY_EMPTY_SPAN, TABVEX_ENTRY_NO_STEP_BACK and what else the type answers.
+    /// TABVEX_ENTRY_NO_LINES, TABVEX_ENTRY_EMPTY_SPAN and what else the type answers.
     int ReadFirst(int item);
     /// Moves to the next entry. Codes as ReadFirst: TABVEX_ENTRY_NO_MORE behind the last one.
     int ReadNext(int item);
@@ -87,8 +89,9 @@ public:
     /// No type moves to its last entry: TABVEX_NOT_SUPPORTED once table and record are there.
     int ReadLast(int item);
     /// Moves to the first entry whose `item` has this text, blanks at both ends aside. TABVEX_FIND_FOUND (1);
-    /// TABVEX_FIND_NOTHING (0); TABVEX_FIND_NO_TYPE, TABVEX_FIND_NO_RECORD, TABVEX_FIND_LIST_TYPE,
-    /// TABVEX_FIND_WRONG_ITEM, TABVEX_FIND_NO_LINES, TABVEX_FIND_NO_DEFINITION; the cursor stays unless found.
+    /// TABVEX_FIND_NOTHING (0); TABVEX_FIND_NO_TYPE, also while no table is loaded; TABVEX_FIND_NO_RECORD,
+    /// TABVEX_FIND_LIST_TYPE, TABVEX_FIND_WRONG_ITEM, TABVEX_FIND_NO_LINES, TABVEX_FIND_NO_DEFINITION; the cursor stays
+    /// unless found.
     int FindFirst(int item, const char* text);
     /// Goes on behind the entry found. TABVEX_FIND_FOUND; TABVEX_FIND_NOTHING, which ends the search;
     /// TABVEX_FIND_NOT_STARTED.
@@ -103,8 +106,9 @@ public:
     /// The same with the type's line `lineNumber`, 1-based: TABVEX_COMPLETE_NO_SUCH_LINE.
     int GetNextCompleteRecord(const char* type, char* buffer, int bufferSize, int lineNumber);
     /// Adds a whole line to the record object of a type, which is created when missing. `line` has 129 bytes; it is
-    /// padded with blanks and, in OEM mode, converted from ANSI to OEM in place. TABVEX_OK; TABVEX_BAD_ARGUMENT:
-    /// `lineSize` is not 129; TABVEX_COMPLETE_CANNOT_CREATE.
+    /// padded with blanks and, in OEM mode, converted from ANSI to OEM in place. An unknown type gets a record object
+    /// of its own. TABVEX_OK; TABVEX_BAD_ARGUMENT: `lineSize` is not 129. TABVEX_COMPLETE_CANNOT_CREATE is kept but not
+    /// given any more.
     int SetCompleteRecord(const char* type, char* line, int lineSize);
 
     // --- Code lists -------------------------------------------------------------------------------------------------
@@ -116,7 +120,8 @@ public:
     /// parts are dropped. `type` is turned to upper case in place; any other type is ignored.
     void SetRepairMethodList(char* type, const char* list);
     /// Replaces the mutation codes and kinds of "X4" or "W4" (CAllRecordsEx: "G9" too) by the pairs code, kind, code,
-    /// kind ... of `list`. An empty code is dropped, its kind is not: kept on purpose.
+    /// kind ... of `list`, such as "EM/1/TM/3". An empty code is dropped, its kind is not: kept on purpose. Its place
+    /// is behind LoadTable, which fills the lists anew, and before the records are read, whose layouts take them then.
     void SetMutationList(char* type, const char* list);
 
     // The lists handed out are the record set's own and stay owned by it. Null only when there is no memory to fill
@@ -160,7 +165,7 @@ public:
     int HardReadDynItem(int item, char* buffer, int size);
 
     /// Writes a text through the item's checks and layout (TABVEX_VALUE_..., TABVEX_DATE_...). In OEM mode the text is
-    /// converted from ANSI.
+    /// converted from ANSI. A date is given as YYYYMMDD, whatever its pattern, and is not checked; use WriteDateItem.
     int WriteItem(int item, const char* text);
     /// The same for character items only; blanks at the text's end are removed, unless it is one blank.
     int WriteCharItem(int item, const char* text);
@@ -201,12 +206,14 @@ public:
     // --- Items as dates ---------------------------------------------------------------------------------------------
     //
     // Both return TABVEX_ITEM_WRONG_FORMAT for items that are not dates. `format` is made of DD, MM, YY or YYYY in one
-    // of the sixteen known orders, with up to two separators: TABVEX_DATE_UNUSABLE_FORMAT.
+    // of the sixteen known orders, with up to two separators: TABVEX_DATE_UNUSABLE_FORMAT. The 31st of August, October
+    // and December is refused, TABVEX_DATE_NO_SUCH_DAY, in fields and in texts to be written: kept on purpose.
 
     /// Copies the date in the caller's format, or "" with TABVEX_VALUE_BLANK for a blank field or TABVEX_DATE_... for
-    /// one that holds no date of the item's own format.
+    /// one that holds no date of the item's own format, the 31st of August, October and December among them.
     int ReadDateItem(int item, const char* format, char* buffer, int size);
-    /// Writes a date given in the caller's format: TABVEX_DATE_... before any record is created.
+    /// Writes a date given in the caller's format: TABVEX_DATE_... before any record is created, also for the 31st of
+    /// August, October and December.
     int WriteDateItem(int item, const char* format, const char* date);
 
     // --- Mutations of "X4" ------------------------------------------------------------------------------------------
@@ -253,9 +260,10 @@ public:
     /// untouched; otherwise `bufferSize` + 1 bytes are set and the length is returned.
     int WriteAllRecords(char* buffer, int bufferSize, int lf);
     /// The lines of the "X1" record, of which 128 characters and a NUL are copied: TABVEX_OK. Without a buffer the
-    /// length of all lines, its negative when `bufferSize` is below it; TABVEX_NO_RECORD.
+    /// length of all lines, its negative when `bufferSize` is below it; TABVEX_NO_RECORD. The buffer has 129 bytes, one
+    /// more than `bufferSize` may say.
     int GetX1Record(char* buffer, int bufferSize);
-    /// The same of the "X$" record.
+    /// The same of the "X$" record, with a buffer of 129 bytes likewise.
     int GetXDollarRecord(char* buffer, int bufferSize);
     /// All lines of the "X7" record and a NUL; `bufferSize` must be the length + 1 at least.
     int GetX7Record(char* buffer, int bufferSize);

@@ -57,7 +57,7 @@ TABVEX_API int MifHardReadDynItem(int handle, int item, char* buffer, int size);
 
 /* --- Writing items --- */
 
-/** Writes a text through the item's checks and layout. See WriteItem(). */
+/** Writes a text through the item's checks and layout, a date as YYYYMMDD, unchecked. See WriteItem(). */
 TABVEX_API int MifWriteItem(int handle, int item, const char* text);
 /** Writes a text through the checks of a character item. See WriteCharItem(). */
 TABVEX_API int MifWriteCharItem(int handle, int item, const char* text);
@@ -102,7 +102,8 @@ TABVEX_API int MifSetCompleteRecord(int handle, const char* type, char* line, in
 TABVEX_API char MifSetDelimiter(int handle, char delimiter);
 
 /* --- Mutations of the current repair position, "X4". Texts of exactly their size fit: every buffer has one byte more
-   than its size says. --- */
+   than its size says. All give TABVEX_NO_TABLE, and TABVEX_MUTATION_NOT_PARSED when the record's lines are not all 128
+   characters long. --- */
 
 /** Reads mutation `index`, 1 to 3. See ReadX4Mutation(). */
 TABVEX_API int MifReadX4Mutation(int handle, int index, char* code, int codeSize, double* value, char* text1,
@@ -110,7 +111,8 @@ TABVEX_API int MifReadX4Mutation(int handle, int index, char* code, int codeSize
 /** Reads mutation `index` with the value as text. See ReadX4MutationChar(). */
 TABVEX_API int MifReadX4MutationChar(int handle, int index, char* code, int codeSize, char* value, int valueSize,
                                      char* text1, int text1Size, char* text2, int text2Size);
-/** Adds a mutation; one with the same code is replaced. See AddX4Mutation(). */
+/** Adds a mutation, such as "TM/99.50"; one with the same code is replaced. See AddX4Mutation(), which tells why not
+    every code can be added. */
 TABVEX_API int MifAddX4Mutation(int handle, const char* mutation);
 /** Deletes the first mutation with a code. See DeleteOneX4Mutation(). */
 TABVEX_API int MifDeleteOneX4Mutation(int handle, const char* code);

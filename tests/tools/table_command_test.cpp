@@ -7,6 +7,7 @@ namespace {
 
 using testing::HasSubstr;
 using testing::IsEmpty;
+using testing::Not;
 
 class TableCommand : public CToolTest {
 protected:
@@ -97,6 +98,42 @@ TEST_F(TableCommand, JsonHoldsHeaderSectionsAndFindings) {
     ASSERT_EQ(json["findings"].size(), 1U);
     EXPECT_EQ(json["findings"][0]["line"], 15);
     EXPECT_EQ(json["findings"][0]["text"], "item 1140: bad modifiers (component 4)");
+}
+
+TEST_F(TableCommand, TellsWhichKeysALineOfBlanksInTheHeaderCutsOff) {
+    const char* const keys = "[HEADER]\nID=test\nAUTHOR=tests\nCOUNTRY=D\nLANGUAGE=E\nDATE=2025-01-31\nVERSION=4.7\n"
+                             "COMMENT=#\nNEWLINE=^\n \nDELIMITER=|\n# x=y\n[DATA_X1]\n1000|2|1|C\n";
+    const CToolResult result = Check(keys);
+    EXPECT_EQ(result.Status, 1);
+    EXPECT_EQ(result.Errors,
+              At(1, "header: no DELIMITER") +
+                  At(11, "header: DELIMITER is not read: the line of blanks at line 10 ends the header"));
+    // What is shown is what the library has.
+    EXPECT_THAT(result.Out, Not(HasSubstr("DELIMITER")));
+    EXPECT_THAT(result.Out, Not(HasSubstr("1000")));
+}
+
+TEST_F(TableCommand, ALineOfBlanksBehindTheLastKeyCutsNothingOff) {
+    const CToolResult result = Check(std::string(kHeader) + " \n# x=y\n[DATA_X1]\n1000|2|1|C\n");
+    EXPECT_EQ(result.Status, 0);
+    EXPECT_THAT(result.Errors, IsEmpty());
+    EXPECT_THAT(result.Out, HasSubstr("    1000     1     2  C"));
+}
+
+TEST_F(TableCommand, AnEmptyLineInTheHeaderCutsNothingOff) {
+    const CToolResult result = Check("[HEADER]\nID=test\n\nAUTHOR=tests\nCOUNTRY=D\nLANGUAGE=E\nDATE=2025-01-31\n"
+                                     "VERSION=4.7\nDELIMITER=|\nCOMMENT=#\nNEWLINE=^\n[DATA_X1]\n1000|2|1|C\n");
+    EXPECT_EQ(result.Status, 0);
+    EXPECT_THAT(result.Errors, IsEmpty());
+}
+
+TEST_F(TableCommand, WithoutANewlineCharacterThereAreNoColumns) {
+    const CToolResult result = Check("[HEADER]\nID=test\nAUTHOR=tests\nCOUNTRY=D\nLANGUAGE=E\nDATE=2025-01-31\n"
+                                     "VERSION=4.7\nDELIMITER=|\nCOMMENT=#\n\t\nNEWLINE=^\n[DATA_X1]\n1000|2|1|C\n");
+    EXPECT_EQ(result.Status, 1);
+    EXPECT_EQ(result.Errors, At(1, "header: no NEWLINE") +
+                                 At(11, "header: NEWLINE is not read: the line of blanks at line 10 ends the header"));
+    EXPECT_THAT(result.Out, Not(HasSubstr("1000")));
 }
 
 TEST_F(TableCommand, NamesTheComponentOfABadDescriptor) {

@@ -169,6 +169,12 @@ private:
                 Report(m_Table.GetHeaderLine(), std::string("header: no ") + name);
             }
         }
+        for (const CTableKey& key : m_Table.GetLostKeys()) {
+            if (std::find(kHeaderKeys.begin(), kHeaderKeys.end(), key.Name) != kHeaderKeys.end()) {
+                Report(key.Line, "header: " + key.Name + " is not read: the line of blanks at line " +
+                                     std::to_string(m_Table.GetHeaderEnd()) + " ends the header");
+            }
+        }
         CheckVersion();
     }
 
@@ -198,8 +204,8 @@ private:
         if (section.Items.empty()) {
             Report(section.Line, name + ": no items");
         }
-        // Without a delimiter there are no columns.
-        if (m_Table.FindKey("DELIMITER") == nullptr) {
+        // Without a delimiter and a newline character there are no columns.
+        if (m_Table.FindKey("DELIMITER") == nullptr || m_Table.FindKey("NEWLINE") == nullptr) {
             return;
         }
         CheckItems(section);

@@ -11,12 +11,13 @@ namespace tabvex::tool {
 namespace {
 
 constexpr std::size_t kLongestLine = 1999;
+constexpr std::size_t kLongestHeaderLine = 500;
 constexpr std::size_t kLongestDescriptor = 500;
 constexpr std::string_view kDataPrefix = "DATA_";
 constexpr std::size_t kDescriptionColumn = 4;
 
 bool IsSpace(char c) {
-    return static_cast<unsigned char>(c) <= ' ';
+    return c == ' ' || (c >= '\t' && c <= '\r');
 }
 
 std::string_view TrimSpace(std::string_view text) {
@@ -57,7 +58,7 @@ CHead HeadOf(std::string_view text) {
     return {true, line.find(kDataPrefix) != std::string::npos, std::string(TrimSpace(name))};
 }
 
-std::string WithLineBreaks(std::string_view text, char newline) {
+std::string WithLineBreaks(const std::string& text, char newline) {
     std::string result;
     for (const char c : text) {
         result.append(newline != 0 && c == newline ? std::string_view("\r\n") : std::string_view(&c, 1));
@@ -70,7 +71,7 @@ std::vector<std::string> SplitColumns(std::string_view text, char delimiter, cha
     std::size_t end = 0;
     while (end != std::string_view::npos) {
         end = delimiter == 0 ? std::string_view::npos : text.find(delimiter);
-        columns.push_back(WithLineBreaks(text.substr(0, end), newline));
+        columns.push_back(WithLineBreaks(std::string(text.substr(0, end)), newline));
         text.remove_prefix(end == std::string_view::npos ? text.size() : end + 1);
     }
     return columns;
@@ -112,15 +113,28 @@ void CTableText::SplitLines(std::string_view text) {
     }
 }
 
-// A text ends at its first NUL. An empty line counts for nothing unless it is the first.
+// A text ends at its first NUL.
 void CTableText::AddLine(int number, std::string_view text) {
     if (text.size() > kLongestLine) {
         m_CutLines.push_back(number);
     }
-    text = text.substr(0, std::min(text.find('\0'), kLongestLine));
-    if (!text.empty() || number == 1) {
-        m_Lines.push_back({number, std::string(text)});
+    text = text.substr(0, kLongestLine);
+    if (!IsDropped(text) || number == 1) {
+        m_Lines.push_back({number, std::string(text.substr(0, text.find('\0')))});
     }
+}
+
+// An empty line is. One that begins with another character than those of ASCII from the blank on is as well, unless the
+// library's buffer, in which the ends of longer lines stay, holds such a character anywhere.
+bool CTableText::IsDropped(std::string_view text) {
+    const auto printable = [](char c) { return c >= ' ' && static_cast<unsigned char>(c) <= 127; };
+    m_strBuffer.resize(kLongestLine + 1, '\0');
+    text.copy(m_strBuffer.data(), text.size());
+    m_strBuffer[text.size()] = '\0';
+    const bool blank = std::none_of(m_strBuffer.begin(), m_strBuffer.end(), printable);
+    const bool dropped = m_strBuffer.front() == '\0' || (!printable(m_strBuffer.front()) && blank);
+    m_strBuffer.front() = '\0';
+    return dropped;
 }
 
 void CTableText::ReadHeader() {
@@ -131,14 +145,24 @@ void CTableText::ReadHeader() {
     }
     m_nHeaderLine = line->Number;
     for (++line; line != m_Lines.end() && !HeadOf(line->Text).IsData; ++line) {
-        ReadKey(*line);
+        ReadHeaderLine(*line);
     }
     m_cDelimiter = CharacterOf("DELIMITER");
-    m_cNewline = CharacterOf("NEWLINE");
     ReadVersion();
 }
 
-void CTableText::ReadKey(const CLine& line) {
+// A line of blanks ends the header. The header's own newline character already holds for the lines behind it.
+void CTableText::ReadHeaderLine(const CLine& line) {
+    const auto begin = std::find_if_not(line.Text.begin(), line.Text.end(), IsSpace);
+    if (m_nHeaderEnd == 0 && begin == line.Text.end()) {
+        m_nHeaderEnd = line.Number;
+    }
+    const std::string text = WithLineBreaks({begin, line.Text.end()}, m_cNewline);
+    ReadKey({line.Number, text.substr(0, kLongestHeaderLine)}, m_nHeaderEnd == 0 ? m_Keys : m_LostKeys);
+    m_cNewline = CharacterOf("NEWLINE");
+}
+
+void CTableText::ReadKey(const CLine& line, std::vector<CTableKey>& keys) const {
     const std::size_t equals = line.Text.find('=');
     if (equals == 0 || equals == std::string::npos) {
         return;
@@ -146,10 +170,12 @@ void CTableText::ReadKey(const CLine& line) {
     CTableKey key;
     key.Line = line.Number;
     key.Name = UpperCase(line.Text.substr(0, equals));
-    key.Name.erase(std::remove_if(key.Name.begin(), key.Name.end(), IsSpace), key.Name.end());
+    key.Name.erase(
+        std::remove_if(key.Name.begin(), key.Name.end(), [](char c) { return static_cast<unsigned char>(c) <= ' '; }),
+        key.Name.end());
     key.Value = TrimSpace(std::string_view(line.Text).substr(equals + 1));
     if (!key.Name.empty() && !key.Value.empty()) {
-        m_Keys.push_back(std::move(key));
+        keys.push_back(std::move(key));
     }
 }
 
@@ -206,7 +232,8 @@ void CTableText::ReadSections() {
 CTableItem CTableText::MakeItem(const CLine& line) const {
     CTableItem item;
     item.Line = line.Number;
-    item.Columns = SplitColumns(line.Text, m_cDelimiter, m_cNewline);
+    // Without a newline character the library reads no column at all.
+    item.Columns = SplitColumns(line.Text, m_cNewline == 0 ? '\0' : m_cDelimiter, m_cNewline);
     if (item.Columns.size() > kDescriptionColumn) {
         item.Description = MakeDescription(item.Columns[kDescriptionColumn]);
     }

@@ -34,8 +34,9 @@ struct CTableSection {
     std::vector<CTableItem> Items;
 };
 
-/// A table file, cut up as the library does it: comments are removed once the header has been read, a section goes on
-/// to the next head with "DATA_" in it, and the first section of a type is the one that counts.
+/// A table file, cut up as the library does it: comments are removed once the header has been read, which a line of
+/// blanks ends, a section goes on to the next head with "DATA_" in it, and the first section of a type is the one that
+/// counts.
 class CTableText {
 public:
     /// Throws CToolError when the file cannot be read.
@@ -44,6 +45,10 @@ public:
     /// Line of the header section's head; 0 without such a section.
     int GetHeaderLine() const { return m_nHeaderLine; }
     const std::vector<CTableKey>& GetKeys() const { return m_Keys; }
+    /// Line of blanks that ends the header before its section does; 0 without one.
+    int GetHeaderEnd() const { return m_nHeaderEnd; }
+    /// What would be keys of the header if they did not stand behind its end.
+    const std::vector<CTableKey>& GetLostKeys() const { return m_LostKeys; }
     /// The key given last, or null.
     const CTableKey* FindKey(std::string_view name) const;
     int GetVersionMajor() const { return m_nVersionMajor; }
@@ -63,8 +68,10 @@ private:
 
     void SplitLines(std::string_view text);
     void AddLine(int number, std::string_view text);
+    bool IsDropped(std::string_view text);
     void ReadHeader();
-    void ReadKey(const CLine& line);
+    void ReadHeaderLine(const CLine& line);
+    void ReadKey(const CLine& line, std::vector<CTableKey>& keys) const;
     char CharacterOf(std::string_view name) const;
     void ReadVersion();
     void CutComments();
@@ -73,8 +80,11 @@ private:
 
     std::vector<CLine> m_Lines;
     std::vector<int> m_CutLines;
+    std::string m_strBuffer; // what the library's buffer for a line holds, earlier lines' ends included
     int m_nHeaderLine = 0;
+    int m_nHeaderEnd = 0;
     std::vector<CTableKey> m_Keys;
+    std::vector<CTableKey> m_LostKeys;
     int m_nVersionMajor = 0;
     int m_nVersionMinor = 0;
     char m_cDelimiter = 0;
