@@ -56,6 +56,22 @@ __attribute__((destructor(101))) void ReleaseRuntime() {
 
 } // namespace
 
+#ifdef __i386__
+// The compiler's start file would hand the tables for exceptions to a shared run time that the caller may have
+// loaded; this library throws with its own.
+namespace {
+HMODULE WINAPI NoModule(LPCSTR /*name*/) {
+    return nullptr;
+}
+} // namespace
+
+extern "C" {
+// What an import of the function would define.
+extern HMODULE(WINAPI* const g_pNoModule)(LPCSTR) __asm__("__imp__GetModuleHandleA@4");
+HMODULE(WINAPI* const g_pNoModule)(LPCSTR) = NoModule;
+}
+#endif
+
 extern "C" {
 
 int pthread_once(pthread_once_t* once, void (*function)()) {
