@@ -130,6 +130,13 @@ std::wstring FolderOf(const std::wstring& path) {
     return path.substr(0, path.find_last_of(L"\\/:") + 1);
 }
 
+// The path from the drive on: replacing a file takes no other everywhere.
+std::wstring FullPath(const std::wstring& path) {
+    std::wstring full(::GetFullPathNameW(path.c_str(), 0, nullptr, nullptr), L'\0');
+    full.resize(::GetFullPathNameW(path.c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr));
+    return full.empty() ? path : full;
+}
+
 std::wstring TemporaryFolder() {
     std::wstring folder(MAX_PATH + 1, L'\0');
     folder.resize(::GetTempPathW(static_cast<DWORD>(folder.size()), folder.data()));
@@ -171,7 +178,9 @@ bool CannotReplaceFiles(DWORD error) {
 // these; any other error is told, so that nobody loses access rights unawares.
 DWORD MoveOver(const std::wstring& from, const std::wstring& path, bool exists) {
     if (exists) {
-        const BOOL replaced = ::ReplaceFileW(path.c_str(), from.c_str(), nullptr, 0, nullptr, nullptr);
+        const std::wstring target = FullPath(path);
+        const std::wstring source = FullPath(from);
+        const BOOL replaced = ::ReplaceFileW(target.c_str(), source.c_str(), nullptr, 0, nullptr, nullptr);
         const DWORD error = replaced != 0 ? NO_ERROR : ::GetLastError();
         if (error == NO_ERROR || !(CannotReplaceFiles(error) || IsMissing(error))) {
             return error;
