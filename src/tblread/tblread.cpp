@@ -9,15 +9,12 @@
 #include <cstring>
 
 #include "platform/char_block.h"
+#include "tabvex/export.h"
 
 using tabvex::CCharBlock;
 using tabvex::kBlockLength;
 
-#ifdef _WIN32
-#define TBLREAD_API extern "C" __declspec(dllexport)
-#else
-#define TBLREAD_API extern "C" __attribute__((visibility("default")))
-#endif
+#define TBLREAD_API extern "C" TABVEX_API
 
 namespace {
 

@@ -1,5 +1,9 @@
+#include <atomic>
+#include <cstdlib>
 #include <filesystem>
+#include <future>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -185,6 +189,146 @@ TEST(Library, LoadingItAThousandTimesLeaksNothing) {
     EXPECT_LE(NextHandle(), nextHandle);
     constexpr std::size_t kPerLoad = 64; // what the system itself may keep of a load
     EXPECT_LE(PrivateBytes(), bytes + 1000 * kPerLoad);
+}
+
+// --- Exceptions inside the library ----------------------------------------------------------------------------------
+
+std::atomic<bool> g_bNoMemoryOnce = false;
+
+void* MallocThatFailsOnce(std::size_t size) {
+    return g_bNoMemoryOnce.exchange(false) ? nullptr : std::malloc(size);
+}
+
+/// Where the library keeps the address of a function that it imports; null when it imports none of that name.
+void** ImportOf(HMODULE library, const std::string& name) {
+    auto* const base = reinterpret_cast<char*>(library);
+    const auto* dos = reinterpret_cast<const IMAGE_DOS_HEADER*>(base);
+    const auto* nt = reinterpret_cast<const IMAGE_NT_HEADERS*>(base + dos->e_lfanew);
+    const DWORD place = nt->OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_IMPORT].VirtualAddress;
+    for (auto* from = reinterpret_cast<const IMAGE_IMPORT_DESCRIPTOR*>(base + place); from->Name != 0; ++from) {
+        const auto* names = reinterpret_cast<const IMAGE_THUNK_DATA*>(base + from->OriginalFirstThunk);
+        auto* const addresses = reinterpret_cast<void**>(base + from->FirstThunk);
+        for (std::size_t i = 0; names[i].u1.AddressOfData != 0; ++i) {
+            const auto* import = reinterpret_cast<const IMAGE_IMPORT_BY_NAME*>(base + names[i].u1.AddressOfData);
+            if (!IMAGE_SNAP_BY_ORDINAL(names[i].u1.Ordinal) && name == reinterpret_cast<const char*>(import->Name)) {
+                return &addresses[i];
+            }
+        }
+    }
+    return nullptr;
+}
+
+/// The library, of which the next call for memory can be made to fail.
+class CLibraryShortOfMemory {
+public:
+    CLibraryShortOfMemory() : m_hLibrary(::LoadLibraryA(Built(kLibrary).c_str())) {
+        void** const import = m_hLibrary == nullptr ? nullptr : ImportOf(m_hLibrary, "malloc");
+        DWORD before = 0;
+        if (import == nullptr || ::VirtualProtect(import, sizeof *import, PAGE_READWRITE, &before) == 0) {
+            ADD_FAILURE() << "no malloc to put another in place of";
+            return;
+        }
+        *import = reinterpret_cast<void*>(&MallocThatFailsOnce);
+        m_pLoadTable = Find<int (*)(const char*, int, int)>(m_hLibrary, "LoadTable");
+    }
+    ~CLibraryShortOfMemory() {
+        EXPECT_NE(::FreeLibrary(m_hLibrary), 0);
+        EXPECT_EQ(::GetModuleHandleA(kLibrary), nullptr);
+    }
+    CLibraryShortOfMemory(const CLibraryShortOfMemory&) = delete;
+    CLibraryShortOfMemory& operator=(const CLibraryShortOfMemory&) = delete;
+
+    /// The answer to a call for which the memory does not suffice.
+    int Throw() const {
+        g_bNoMemoryOnce = true;
+        const int result = m_pLoadTable == nullptr ? 1 : m_pLoadTable(kTable, 3, 2);
+        EXPECT_FALSE(g_bNoMemoryOnce.exchange(false)) << "it asked for none";
+        return result;
+    }
+    int LoadTable() const { return m_pLoadTable == nullptr ? 1 : m_pLoadTable(kTable, 3, 2); }
+
+private:
+    HMODULE m_hLibrary;
+    int (*m_pLoadTable)(const char*, int, int) = nullptr;
+};
+
+/// Throws in this thread and in one that lives on until the library has gone.
+void ThrowInTwoThreads() {
+    std::promise<void> thrown;
+    std::promise<void> gone;
+    std::thread other;
+    {
+        const CLibraryShortOfMemory library;
+        EXPECT_EQ(library.Throw(), TABVEX_INTERNAL_FAILURE);
+        other = std::thread([&] {
+            EXPECT_EQ(library.Throw(), TABVEX_INTERNAL_FAILURE);
+            thrown.set_value();
+            gone.get_future().wait();
+        });
+        thrown.get_future().wait();
+        EXPECT_EQ(library.LoadTable(), TABVEX_OK);
+    }
+    gone.set_value();
+    other.join();
+}
+
+/// Takes all the slots whose values the system frees, as a process full of libraries does.
+class CNoSlots {
+public:
+    CNoSlots() {
+        DWORD slot = 0;
+        while ((slot = ::FlsAlloc(nullptr)) != FLS_OUT_OF_INDEXES) {
+            m_Slots.push_back(slot);
+        }
+    }
+    ~CNoSlots() {
+        for (const DWORD slot : m_Slots) {
+            ::FlsFree(slot);
+        }
+    }
+    CNoSlots(const CNoSlots&) = delete;
+    CNoSlots& operator=(const CNoSlots&) = delete;
+
+private:
+    std::vector<DWORD> m_Slots;
+};
+
+TEST(Library, WhatIsThrownInsideEndsAsAResultInEveryThread) {
+    ThrowInTwoThreads();
+}
+
+TEST(Library, WhatIsThrownInsideEndsAsAResultWhenTheProcessHasNoSlotLeft) {
+    const CNoSlots noSlots;
+    ThrowInTwoThreads();
+}
+
+TEST(Library, ThreadsThatEndInAProcessWithoutSlotsLeaveNothing) {
+    const CNoSlots noSlots;
+    const CLibraryShortOfMemory library;
+    const auto throwInThreads = [&](int count) {
+        for (int i = 0; i < count; ++i) {
+            std::thread([&] { EXPECT_EQ(library.Throw(), TABVEX_INTERNAL_FAILURE); }).join();
+        }
+    };
+    throwInThreads(100);
+    const std::size_t bytes = PrivateBytes();
+    throwInThreads(1000);
+    EXPECT_LE(PrivateBytes(), bytes + std::size_t{1000} * 32);
+}
+
+TEST(Library, LoadingItAThousandTimesAndThrowingInsideLeaksNothing) {
+    for (int i = 0; i < 100; ++i) {
+        ThrowInTwoThreads();
+    }
+    const DWORD handles = OpenHandles();
+    const std::size_t nextHandle = NextHandle();
+    const std::size_t bytes = PrivateBytes();
+    for (int i = 0; i < 1000 && !testing::Test::HasFailure(); ++i) {
+        ThrowInTwoThreads();
+    }
+    EXPECT_LE(OpenHandles(), handles);
+    EXPECT_LE(NextHandle(), nextHandle);
+    EXPECT_LE(PrivateBytes(), bytes + std::size_t{1000} * 64);
 }
 
 // --- Names for Java -------------------------------------------------------------------------------------------------

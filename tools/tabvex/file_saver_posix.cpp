@@ -26,6 +26,10 @@ constexpr mode_t kModeBits = 07777;
     throw CToolError(fileName + ": cannot be saved: " + std::strerror(error)); // NOLINT(concurrency-mt-unsafe)
 }
 
+[[noreturn]] void ThrowNotTheSame(const std::string& fileName) {
+    throw CToolError(fileName + ": cannot be saved: what was written does not read back the same");
+}
+
 void Require(bool done, const std::string& fileName) {
     if (!done) {
         ThrowNotSaved(fileName, errno);
@@ -75,7 +79,7 @@ public:
     int GetError() const { return m_nError; }
     const std::string& GetName() const { return m_strName; }
     int GetFile() const { return m_File.Get(); }
-    void Keep() { m_bKept = true; }
+    void Keep(bool kept = true) { m_bKept = kept; }
     bool Store(const std::string& bytes) {
         return WriteAll(m_File.Get(), bytes) && fsync(m_File.Get()) == 0 && m_File.Close();
     }
@@ -112,7 +116,7 @@ bool AllowsNoNewFile(int error) {
 void CheckStored(const std::string& stored, const std::string& bytes, const std::string& fileName,
                  const CSaveCheck& check) {
     if (ReadFileBytes(stored) != bytes) {
-        throw CToolError(fileName + ": cannot be saved: what was written does not read back the same");
+        ThrowNotTheSame(fileName);
     }
     check(stored);
 }
@@ -147,28 +151,52 @@ bool Overwrite(int file, const std::string& bytes, off_t oldSize) {
     return lseek(file, 0, SEEK_SET) == 0 && WriteAll(file, bytes) && ftruncate(file, size) == 0 && fsync(file) == 0;
 }
 
+bool Holds(const std::string& fileName, const std::string& bytes) {
+    try {
+        return ReadFileBytes(fileName) == bytes;
+    } catch (const CToolError&) {
+        return false;
+    }
+}
+
+// The copy may be the only one left until the file is known to hold the new bytes, or the old ones again.
+void OverwriteOrRestore(int file, const std::string& fileName, const std::string& bytes, const std::string& old,
+                        CTemporaryFile& copy) {
+    copy.Keep();
+    const int error = Overwrite(file, bytes, static_cast<off_t>(old.size())) ? 0 : errno;
+    if (error == 0 && Holds(fileName, bytes)) {
+        copy.Keep(false);
+        return;
+    }
+    if (!Overwrite(file, old, static_cast<off_t>(old.size())) || !Holds(fileName, old)) {
+        throw CToolError(fileName + ": cannot be saved; what it held is in " + copy.GetName());
+    }
+    copy.Keep(false);
+    if (error == 0) {
+        ThrowNotTheSame(fileName);
+    }
+    ThrowNotSaved(fileName, error);
+}
+
 void OverwriteInPlace(const fs::path& path, const std::string& fileName, const std::string& bytes,
                       const CSaveCheck& check) {
     const fs::path pattern = fs::temp_directory_path() / ("tabvex-" + path.filename().string() + "-XXXXXX");
     const std::string old = ReadFileBytes(path.string());
     CTemporaryFile copy(pattern);
     CTemporaryFile next(pattern);
-    Require(copy.GetError() == 0 && next.GetError() == 0 && next.Store(bytes) && copy.Store(old), fileName);
+    for (const int error : {copy.GetError(), next.GetError()}) {
+        if (error != 0) {
+            ThrowNotSaved(fileName, error);
+        }
+    }
+    Require(next.Store(bytes) && copy.Store(old), fileName);
     CheckStored(next.GetName(), bytes, fileName, check);
     const CDescriptor file(open(path.c_str(), O_WRONLY | O_CLOEXEC));
     Require(file.IsOpen(), fileName);
     PrintMessage(fileName +
                  ": its folder allows no new file, so it is overwritten; until that is done there is a copy, " +
                  copy.GetName());
-    if (Overwrite(file.Get(), bytes, static_cast<off_t>(old.size())) && ReadFileBytes(path.string()) == bytes) {
-        return;
-    }
-    const int error = errno;
-    if (!Overwrite(file.Get(), old, static_cast<off_t>(old.size()))) {
-        copy.Keep();
-        throw CToolError(fileName + ": cannot be saved; what it held is in " + copy.GetName());
-    }
-    ThrowNotSaved(fileName, error);
+    OverwriteOrRestore(file.Get(), fileName, bytes, old, copy);
 }
 
 void WriteToDevice(const fs::path& path, const std::string& fileName, const std::string& bytes) {

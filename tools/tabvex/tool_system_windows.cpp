@@ -7,6 +7,7 @@
 #include <io.h>
 #include <iterator>
 
+#include "exit_status.h"
 #include "windows_text.h"
 
 #define WIN32_LEAN_AND_MEAN
@@ -45,7 +46,15 @@ void PrepareStreams() {
     for (std::FILE* stream : {stdin, stdout, stderr}) {
         static_cast<void>(_setmode(_fileno(stream), _O_BINARY));
     }
-    static_cast<void>(::SetConsoleOutputCP(CP_UTF8)); // fails where there is no console
+    static const UINT before = ::GetConsoleOutputCP();
+    if (::SetConsoleOutputCP(CP_UTF8) == 0) {
+        return; // there is no console
+    }
+    // It outlives the tool.
+    static_cast<void>(std::atexit([] {
+        static_cast<void>(std::fflush(nullptr)); // what is still to be shown is UTF-8
+        static_cast<void>(::SetConsoleOutputCP(before));
+    }));
 }
 
 bool IsClosedPipe(int error) {
@@ -73,7 +82,10 @@ std::string SystemFileName(const std::string& name) {
     if (ansi.empty()) {
         ansi = ToAnsi(ShortName(wide));
     }
-    return ansi.empty() ? name : ansi;
+    if (ansi.empty() && !name.empty()) {
+        throw CToolError(name + ": its name cannot be expressed in the system's code page");
+    }
+    return ansi;
 }
 
 } // namespace tabvex::tool

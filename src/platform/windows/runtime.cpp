@@ -2,7 +2,7 @@
 //
 // The run time needs these few functions to hold the exceptions in flight of each thread and to build static objects
 // once. The compiler's own thread library keeps a slot of every thread's storage, handles and memory when the library
-// that holds it goes, and a process has about a thousand such slots. Anything more that is asked for one day fails to
+// that holds it goes, and a process has no more than 1,088 such slots. Anything more that is asked for one day fails to
 // link, as the names below would then be there twice.
 #include <cerrno>
 #include <cstdint>
@@ -24,7 +24,12 @@ enum EOnce : long { kNotBegun = 0, kRunning = 1, kDone = 2 };
 
 using CDestructor = void (*)(void*);
 
-DWORD g_nKey = FLS_OUT_OF_INDEXES; // the run time makes one key
+// The run time makes one key. Its slot is one whose values the system frees with their threads and with the slot; older
+// versions of the system have 128 of them, and when they are used up it is one of the other kind.
+constexpr DWORD kNoSlot = FLS_OUT_OF_INDEXES;
+static_assert(kNoSlot == TLS_OUT_OF_INDEXES, "the same for both kinds");
+DWORD g_nKey = kNoSlot;
+bool g_bPlainSlot = false;
 CDestructor g_pDestructor = nullptr;
 
 void WINAPI DestroyValue(void* value) {
@@ -45,50 +50,96 @@ SystemObject* SystemObjectIn(std::intptr_t* object) {
     return reinterpret_cast<SystemObject*>(object); // NOLINT(*-reinterpret-cast)
 }
 
-// Runs behind every other destructor. Frees the values of all threads.
+// What the system does not do for a slot of the other kind.
+void DestroyPlainValue() {
+    if (g_bPlainSlot && g_nKey != kNoSlot) {
+        void* const value = ::TlsGetValue(g_nKey);
+        ::TlsSetValue(g_nKey, nullptr);
+        DestroyValue(value);
+    }
+}
+
+// Runs behind every other destructor. Frees the values of all threads; those in a plain slot are out of reach, but for
+// this thread's.
 __attribute__((destructor(101))) void ReleaseRuntime() {
-    if (g_nKey != FLS_OUT_OF_INDEXES) {
-        ::FlsFree(g_nKey);
-        g_nKey = FLS_OUT_OF_INDEXES;
+    DestroyPlainValue();
+    if (g_nKey != kNoSlot) {
+        static_cast<void>(g_bPlainSlot ? ::TlsFree(g_nKey) : ::FlsFree(g_nKey));
+        g_nKey = kNoSlot;
     }
     __gnu_cxx::__freeres();
 }
 
 } // namespace
 
+#ifdef __i386__
+// The compiler's start file would hand the tables for exceptions to a shared run time that the caller may have
+// loaded; this library throws with its own.
+namespace {
+HMODULE WINAPI NoModule(LPCSTR /*name*/) {
+    return nullptr;
+}
+} // namespace
+
 extern "C" {
+// What an import of the function would define.
+extern HMODULE(WINAPI* const g_pNoModule)(LPCSTR) __asm__("__imp__GetModuleHandleA@4");
+HMODULE(WINAPI* const g_pNoModule)(LPCSTR) = NoModule;
+}
+#endif
+
+extern "C" {
+
+// The start file calls it when the library has come and before it goes, and for every thread that ends between.
+BOOL WINAPI DllMain(HINSTANCE /*library*/, DWORD reason, LPVOID /*reserved*/) {
+    if (reason == DLL_THREAD_DETACH) {
+        DestroyPlainValue();
+    }
+    return TRUE;
+}
 
 int pthread_once(pthread_once_t* once, void (*function)()) {
     long before = kNotBegun;
     while ((before = ::InterlockedCompareExchange(once, kRunning, kNotBegun)) == kRunning) {
-        ::Sleep(0); // another thread is at it
+        ::Sleep(1); // another thread is at it, maybe one of lower priority
     }
-    if (before == kNotBegun) {
+    if (before != kNotBegun) {
+        return 0;
+    }
+    try {
         function();
-        ::InterlockedExchange(once, kDone);
+    } catch (...) {
+        ::InterlockedExchange(once, kNotBegun); // the next one tries again
+        throw;
     }
+    ::InterlockedExchange(once, kDone);
     return 0;
 }
 
 int pthread_key_create(pthread_key_t* key, CDestructor destructor) {
-    if (g_nKey != FLS_OUT_OF_INDEXES) {
+    if (g_nKey != kNoSlot) {
         return EAGAIN;
     }
     g_pDestructor = destructor;
     g_nKey = ::FlsAlloc(DestroyValue);
+    g_bPlainSlot = g_nKey == kNoSlot;
+    if (g_bPlainSlot) {
+        g_nKey = ::TlsAlloc();
+    }
     *key = g_nKey;
-    return g_nKey == FLS_OUT_OF_INDEXES ? EAGAIN : 0;
+    return g_nKey == kNoSlot ? EAGAIN : 0;
 }
 
 void* pthread_getspecific(pthread_key_t key) {
     const DWORD error = ::GetLastError(); // callers of the system rely on it
-    void* const value = ::FlsGetValue(key);
+    void* const value = g_bPlainSlot ? ::TlsGetValue(key) : ::FlsGetValue(key);
     ::SetLastError(error);
     return value;
 }
 
 int pthread_setspecific(pthread_key_t key, const void* value) {
-    return ::FlsSetValue(key, const_cast<void*>(value)) != 0 ? 0 : EINVAL; // NOLINT(*-const-cast)
+    void* const stored = const_cast<void*>(value); // NOLINT(*-const-cast)
+    return (g_bPlainSlot ? ::TlsSetValue(key, stored) : ::FlsSetValue(key, stored)) != 0 ? 0 : EINVAL;
 }
 
 int pthread_mutex_init(pthread_mutex_t* mutex, const pthread_mutexattr_t* /*attributes*/) {
