@@ -280,6 +280,7 @@ INSTANTIATE_TEST_SUITE_P(Function, BothInterfaces, ::testing::ValuesIn(kRows),
 
 TEST_P(BothInterfaces, TheFlatFunctionWorksOnTheSharedRecordSet) {
     Expect(kFlat);
+    UseX4New(0); // as other tests expect to find it
     DestroyAllRecords();
 }
 
