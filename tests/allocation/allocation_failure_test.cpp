@@ -3,6 +3,7 @@
 #include <array>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -397,7 +398,75 @@ TEST_P(SessionWithoutMemory, SaysSoAndLeavesNothingBehindWhenMemoryStaysShort) {
 }
 
 // LOADTABLE
-//  --- What callers reach beside the record set -----------------------------------------------------------------------
+// --- A table that cannot be loaded ----------------------------------------------------------------------------------
+
+template <typename Array>
+void AppendArray(std::string& text, const Array& array) {
+    for (const auto& value : array) {
+        if constexpr (std::is_same_v<Array, CStringArray>) {
+            text.append(value).append(" ");
+        } else {
+            text.append(std::to_string(value)).append(" ");
+        }
+    }
+    text.append("\n");
+}
+
+// What a caller can see of a table: whether there is one, its layouts, its lists. The caller holds the lists from then
+// on.
+std::string TableOf(CAllRecordsEx& records) {
+    std::string text = records.IsTableLoaded() ? "loaded " : "none ";
+    for (const char* type : {"X1", "X4", "G9", "ZZ"}) {
+        text.append(std::to_string(records.SumItemLengths(type, 0, 100000))).append(" ");
+    }
+    for (CStringArray* list : {records.GetX4RepArtList(), records.GetW4RepArtList(), records.GetX6RepArtList(),
+                               records.GetW6RepArtList(), records.GetX4MutationList(), records.GetW4MutationList(),
+                               records.GetG9RepArtList(), records.GetG9MutationList()}) {
+        AppendArray(text, *list);
+    }
+    for (CUIntArray* kinds :
+         {records.GetX4MutationKinds(), records.GetW4MutationKinds(), records.GetG9MutationKinds()}) {
+        AppendArray(text, *kinds);
+    }
+    return text;
+}
+
+// Loads the sample table with each allocation refused in turn, into a record set that `prepare` has made ready.
+template <typename Prepare>
+void SweepLoadTable(Prepare prepare) {
+    CAllRecordsEx fresh;
+    ASSERT_EQ(fresh.LoadTable(kTable.c_str(), 3, 2), TABVEX_OK);
+    const std::string loaded = TableOf(fresh);
+    bool failed = true;
+    for (std::size_t number = 1; failed; ++number) {
+        CAllRecordsEx records;
+        prepare(records);
+        const std::string before = TableOf(records);
+        ASSERT_NE(before, loaded);
+        CFailingAllocations failing(number);
+        const int result = records.LoadTable(kTable.c_str(), 3, 2);
+        failed = failing.Stop();
+        ASSERT_EQ(result, failed ? TABVEX_INTERNAL_FAILURE : TABVEX_OK) << "allocation " << number;
+        ASSERT_EQ(TableOf(records), failed ? before : loaded) << "allocation " << number;
+        ASSERT_EQ(records.LoadTable(kTable.c_str(), 3, 2), TABVEX_OK);
+        ASSERT_EQ(TableOf(records), loaded) << "allocation " << number;
+    }
+}
+
+TEST(LoadTableWithoutMemory, LeavesTheEarlierTableItsListsAndItsLayouts) {
+    const CTempFolder folder;
+    const std::string other = folder.Write("other.table", "[HEADER]\nVERSION=3.2\nDELIMITER=|\nNEWLINE=^\n"
+                                                          "[DATA_X4]\n4000|2|1|C\n4025|3|8|C,,,,,(\"QQ\";\"RR\")\n"
+                                                          "4055|3|8|C,,,,,(\"ZM\")\n"
+                                                          "[DATA_ZZ]\n1|7|1|C\n");
+    SweepLoadTable([&](CAllRecordsEx& records) { ASSERT_EQ(records.LoadTable(other.c_str(), 3, 2), TABVEX_OK); });
+}
+
+TEST(LoadTableWithoutMemory, LeavesARecordSetWithoutATableAsItWas) {
+    SweepLoadTable([](CAllRecordsEx& /*records*/) {});
+}
+
+// --- What callers reach beside the record set -----------------------------------------------------------------------
 
 TEST(WithoutMemory, ADescriptorGivesAnInternalFailure) {
     bool failed = true;
