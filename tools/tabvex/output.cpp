@@ -38,14 +38,16 @@ void COutput::WriteLine(std::string_view text) {
 
 void COutput::Flush() {
     errno = 0;
-    const bool written = std::fwrite(m_strPending.data(), 1, m_strPending.size(), stdout) == m_strPending.size();
-    const bool flushed = std::fflush(stdout) == 0;
+    // The first failure tells why; flushing behind it would tell of another one.
+    const bool written = std::fwrite(m_strPending.data(), 1, m_strPending.size(), stdout) == m_strPending.size() &&
+                         std::fflush(stdout) == 0;
     const int error = errno;
+    const bool closed = !written && IsClosedPipe(error);
     m_strPending.clear();
-    if (written && flushed) {
+    if (written) {
         return;
     }
-    if (IsClosedPipe(error)) {
+    if (closed) {
         throw CClosedPipe();
     }
     throw CToolError(std::string("cannot write the output: ") + std::strerror(error)); // NOLINT(concurrency-mt-unsafe)
