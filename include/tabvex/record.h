@@ -129,13 +129,17 @@ protected:
     /// Called when a caller has created the record, with one line of blanks and defaults.
     virtual void AfterCreation();
 
-    // GetLayout, FindItem, ParseLine, AddLine and FillDefaults for use inside: these throw without memory, which ends
-    // the whole operation of the record set.
+    // For use inside: these throw without memory, which ends the whole operation of the record set.
 
+    /// GetLayout.
     const std::vector<CItemDef>& Items() const;
+    /// FindItem.
     const CItemDef* Definition(int number) const;
+    /// ParseLine.
     int TakeLine(const char* text);
+    /// AddLine.
     int TakeText(std::string_view text);
+    /// FillDefaults.
     int PutDefaults();
 
     /// Offset of an item's position in a line, 0-based; -1, which lies outside every line, for positions below 1.
