@@ -56,7 +56,7 @@ int ReadValue(const CAllRecordsEx& records, Value* value, Read read) {
 
 /// Runs the reading of a mutation with its value as a number; a null value is answered like a null code.
 template <typename Read>
-int ReadMutationValue(char* code, double* value, Read read) {
+int ReadMutationValue(char* code, double* value, Read read) { // NOLINT(readability-non-const-parameter)
     double none = 0;
     return value == nullptr ? read(nullptr, none) : read(code, *value);
 }

@@ -28,6 +28,9 @@ std::string Built(const char* name) {
     return (fs::path(TABVEX_BUILD_DIR) / name).make_preferred().string();
 }
 
+// Handles count by four, and the system opens some when it likes; one a load would be four thousand more.
+constexpr std::size_t kSpareHandles = 16 * 4;
+
 template <typename Function>
 Function Find(HMODULE library, const char* name) {
     return reinterpret_cast<Function>(reinterpret_cast<void*>(::GetProcAddress(library, name)));
@@ -186,7 +189,7 @@ TEST(Library, LoadingItAThousandTimesLeaksNothing) {
         ASSERT_NO_FATAL_FAILURE(LoadUseAndUnload());
     }
     EXPECT_LE(OpenHandles(), handles);
-    EXPECT_LE(NextHandle(), nextHandle);
+    EXPECT_LE(NextHandle(), nextHandle + kSpareHandles);
     constexpr std::size_t kPerLoad = 64; // what the system itself may keep of a load
     EXPECT_LE(PrivateBytes(), bytes + 1000 * kPerLoad);
 }
@@ -327,7 +330,7 @@ TEST(Library, LoadingItAThousandTimesAndThrowingInsideLeaksNothing) {
         ThrowInTwoThreads();
     }
     EXPECT_LE(OpenHandles(), handles);
-    EXPECT_LE(NextHandle(), nextHandle);
+    EXPECT_LE(NextHandle(), nextHandle + kSpareHandles);
     EXPECT_LE(PrivateBytes(), bytes + std::size_t{1000} * 64);
 }
 

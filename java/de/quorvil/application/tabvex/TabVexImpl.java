@@ -272,7 +272,7 @@ public class TabVexImpl {
     public native G9Mutation readG9Mutation(int handle, int index);
 
     /**
-     * Adds a mutation, given as code and value ("EM/412.50"), code and two texts ("TM/LA/two layers"), or all four; one
+     * Adds a mutation, given as code and value ("TM/99.50"), code and two texts ("TM/LA/two layers"), or all four; one
      * with the same code is replaced. Reports 0; -2: no record; -5: there are three already, or no current entry; -7:
      * another number of parts; what the items' checks give; -1: the record is of the old form.
      */
