@@ -1,7 +1,6 @@
 // Filling the code lists: from the table file, from callers' texts, with defaults.
 
 #include <array>
-#include <cstdlib>
 #include <optional>
 #include <utility>
 
