@@ -172,7 +172,6 @@ protected:
 private:
     std::size_t BufferSize() const;
     char* NewLine();
-    void FetchAhead(int index) const;
 
     friend class CAllRecords;
 };

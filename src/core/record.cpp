@@ -6,6 +6,7 @@
 
 #include "core/line_file.h"
 #include "core/record_context.h"
+#include "core/record_lines.h"
 #include "platform/guard.h"
 #include "tabvex/result_codes.h"
 
@@ -15,6 +16,7 @@ namespace {
 
 constexpr int kTypeLength = 2;
 constexpr int kNoMark = -1;
+constexpr std::size_t kFirstLines = 6; // so many numbers fit into the smallest piece of memory
 
 // What a continuation line of a type has other than the header of the line before.
 struct CContinuationRule {
@@ -232,16 +234,15 @@ int CRecord::PutDefaults() {
 }
 
 int CRecord::WriteLines(CLineFile& file, bool crlf) {
-    for (int index = 0; index < GetLineCount(); ++index) {
-        FetchAhead(index);
-        char* line = LineAt(index);
-        const int result = file.WriteLine(line, m_nLineLength, crlf);
+    int result = 1;
+    const auto write = [&](std::size_t /*index*/, char* line) {
+        const int written = file.WriteLine(line, m_nLineLength, crlf);
         std::memcpy(line + m_nLineLength, crlf ? "\r\n" : "\0\0", kLineRoom);
-        if (result < 0) {
-            return result;
-        }
-    }
-    return 1;
+        result = std::min(written, 1);
+        return written >= 0;
+    };
+    tabvex::VisitLines(m_Context.PoolOf(m_nLineLength), m_Lines, static_cast<std::size_t>(m_nLineLength), write);
+    return result;
 }
 
 void CRecord::AppendLines(std::string& text, bool lf) const {
@@ -288,17 +289,9 @@ void CRecord::PutField(int line, int offset, int length, std::string_view field)
     PutIntoLine(line, offset, field.substr(0, static_cast<std::size_t>(std::max(length, 0))));
 }
 
-// Lines of one type lie far apart in memory.
-void CRecord::FetchAhead(int index) const {
-    constexpr int kLinesAhead = 8;
-    if (index + kLinesAhead < GetLineCount()) {
-        tabvex::FetchIntoCache(LineAt(index + kLinesAhead), static_cast<std::size_t>(m_nLineLength));
-    }
-}
-
 char* CRecord::NewLine() {
     if (m_Lines.size() == m_Lines.capacity()) {
-        m_Lines.reserve(std::max<std::size_t>(1, 2 * m_Lines.size()));
+        m_Lines.reserve(std::max(kFirstLines, 2 * m_Lines.size()));
     }
     tabvex::CLinePool& pool = m_Context.PoolOf(m_nLineLength);
     m_Lines.push_back(pool.Take());

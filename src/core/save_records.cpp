@@ -6,6 +6,7 @@
 
 #include "core/all_records.h"
 #include "core/line_file.h"
+#include "core/record_lines.h"
 
 using tabvex::kRecordLength;
 using tabvex::kRecordLengthCrLf;
@@ -43,27 +44,29 @@ int SumResults(const CLineFile& file, const std::vector<int>& results, const std
 
 void CAllRecords::PrepareSave() {
     char next = kFirstNumbered;
-    CRecord* lastNumbered = nullptr;
+    char* lastNumbered = nullptr;
     for (const auto& record : m_pState->Store.All()) {
         record->PrepareWrite();
     }
     for (const auto& record : m_pState->Store.All()) {
         const bool keeps = KeepsMarker(record->GetType());
-        for (int index = 0; index < record->GetLineCount(); ++index) {
-            record->FetchAhead(index);
-            char* line = record->LineAt(index);
+        const std::size_t last = record->m_Lines.size() - 1;
+        const auto number = [&](std::size_t index, char* line) {
             char& marker = line[tabvex::kNumberingOffset];
             if (!m_pState->NumberedLetters.IsOn(line[0])) {
                 marker = kNotNumbered;
             } else if (!keeps) {
                 marker = next;
                 next = kLaterNumbered;
-                lastNumbered = index + 1 == record->GetLineCount() ? record.get() : lastNumbered;
+                lastNumbered = index == last ? &marker : lastNumbered;
             }
-        }
+            return true;
+        };
+        tabvex::VisitLines(m_pState->Context.PoolOf(record->m_nLineLength), record->m_Lines,
+                           static_cast<std::size_t>(record->m_nLineLength), number);
     }
     if (lastNumbered != nullptr) {
-        lastNumbered->LineAt(lastNumbered->GetLineCount() - 1)[tabvex::kNumberingOffset] = kLastNumbered;
+        *lastNumbered = kLastNumbered;
     }
 }
 

@@ -37,10 +37,14 @@ std::string_view WithoutQuotes(std::string_view quoted) {
     return quoted.substr(1, quoted.size() - 2);
 }
 
-bool IsLower(std::string_view lower, std::string_view upper) {
+// Either bound may be left empty.
+bool AreAscendingNumbers(std::string_view lower, std::string_view upper) {
     double lowerNumber = 0.0;
     double upperNumber = 0.0;
-    return ParseDecimal(lower, lowerNumber) && ParseDecimal(upper, upperNumber) && lowerNumber < upperNumber;
+    if ((!lower.empty() && !ParseDecimal(lower, lowerNumber)) || (!upper.empty() && !ParseDecimal(upper, upperNumber))) {
+        return false;
+    }
+    return lower.empty() || upper.empty() || lowerNumber < upperNumber;
 }
 
 bool IsEarlier(std::string_view lower, std::string_view upper) {
@@ -146,16 +150,13 @@ bool CDescriptorParser::IsAllowed(std::string_view value) const {
 }
 
 bool CDescriptorParser::AreAllowedBounds(std::string_view lower, std::string_view upper) const {
+    if (m_Item.Format == 'N') {
+        return AreAscendingNumbers(lower, upper);
+    }
     if ((!lower.empty() && !IsAllowed(lower)) || (!upper.empty() && !IsAllowed(upper))) {
         return false;
     }
-    if (lower.empty() || upper.empty()) {
-        return true;
-    }
-    if (m_Item.Format == 'N') {
-        return IsLower(lower, upper);
-    }
-    return m_Item.Format != 'D' || IsEarlier(lower, upper);
+    return lower.empty() || upper.empty() || m_Item.Format != 'D' || IsEarlier(lower, upper);
 }
 
 bool CDescriptorParser::ReadFormat() {

@@ -1,5 +1,6 @@
 #include "layout/item_ranges.h"
 
+#include <algorithm>
 #include <cstdint>
 
 namespace tabvex {
@@ -72,6 +73,16 @@ int FindItemNumberRange(int item) {
         }
     }
     return -1;
+}
+
+const CItemNumberRange* FindRangeOfType(std::string_view typeKey, int someItem) {
+    const auto isOfType = [typeKey](const CItemNumberRange& range) { return TypeKeyOf(range) == typeKey; };
+    const int likely = FindItemNumberRange(someItem);
+    if (likely >= 0 && isOfType(kItemNumberRanges[static_cast<std::size_t>(likely)])) {
+        return &kItemNumberRanges[static_cast<std::size_t>(likely)];
+    }
+    const auto* const found = std::find_if(kItemNumberRanges.begin(), kItemNumberRanges.end(), isOfType);
+    return found == kItemNumberRanges.end() ? nullptr : found;
 }
 
 } // namespace tabvex

@@ -132,4 +132,7 @@ constexpr std::string_view TypeKeyOf(const CItemNumberRange& range) {
 /// Index in kItemNumberRanges of the first range, in table order, that holds `item`; -1 when none does.
 int FindItemNumberRange(int item);
 
+/// The range of a record type's items, null when there is none. `someItem` is a number that most likely lies in it.
+const CItemNumberRange* FindRangeOfType(std::string_view typeKey, int someItem);
+
 } // namespace tabvex

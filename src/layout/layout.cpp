@@ -225,12 +225,10 @@ int CLayout::ParseItem(CSectionCursor& cursor, bool first) {
 
 void CLayout::IndexItems() {
     m_ByNumber.clear();
-    for (const CItemNumberRange& range : kItemNumberRanges) {
-        if (TypeKeyOf(range) == m_strType) {
-            m_nLowestNumber = range.Lowest;
-            m_ByNumber.assign(static_cast<std::size_t>(range.Highest - range.Lowest) + 1, kNoItem);
-            break;
-        }
+    const CItemNumberRange* const range = FindRangeOfType(m_strType, m_Items.empty() ? 0 : m_Items.front().Number);
+    if (range != nullptr) {
+        m_nLowestNumber = range->Lowest;
+        m_ByNumber.assign(static_cast<std::size_t>(range->Highest - range->Lowest) + 1, kNoItem);
     }
     // Of items that occur twice the first one counts.
     for (std::size_t index = m_Items.size(); index-- > 0;) {

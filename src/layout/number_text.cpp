@@ -63,6 +63,23 @@ double NearestDouble(std::string_view number) {
     return number.front() == '-' ? std::numeric_limits<double>::lowest() : std::numeric_limits<double>::max();
 }
 
+// Most numbers are a few digits and nothing else; `value` is left as it is when this one is not.
+bool ParseShortInteger(std::string_view text, double& value) {
+    constexpr std::size_t kMostDigits = 9;
+    if (text.empty() || text.size() > kMostDigits) {
+        return false;
+    }
+    int number = 0;
+    for (const char c : text) {
+        if (!IsDigit(c)) {
+            return false;
+        }
+        number = number * 10 + (c - '0');
+    }
+    value = number;
+    return true;
+}
+
 bool ParseWithPoint(std::string_view number, double& value) {
     if (!BeginsAsDecimal(number)) {
         return false;
@@ -88,6 +105,9 @@ bool ParseInteger(std::string_view text, int& value) {
 }
 
 bool ParseDecimal(std::string_view text, double& value) {
+    if (ParseShortInteger(text, value)) {
+        return true;
+    }
     const std::string_view number = FromSignOrDigit(text);
     value = 0.0;
     const std::size_t commaAt = number.find(',');

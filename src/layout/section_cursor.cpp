@@ -25,6 +25,7 @@ constexpr std::string_view LineBreak(ENewlineMode mode) {
 void CSectionCursor::SetImage(const CTableImage& image) noexcept {
     m_pImage = &image;
     m_nLine = CTableImage::kNone;
+    m_nSectionEnd = CTableImage::kNone;
     m_Column = {CTableImage::kNone, 0, 0};
 }
 
@@ -33,26 +34,46 @@ int CSectionCursor::FindSection(std::string_view name) {
 }
 
 int CSectionCursor::EnterSection(int head) {
-    m_nLine = head;
-    if (m_nLine == CTableImage::kNone) {
+    JumpTo(head);
+    if (head == CTableImage::kNone) {
         return TABVEX_SECTION_MISSING;
     }
-    if (m_nLine + 1 == m_pImage->GetLineCount()) {
-        return TABVEX_SECTION_EMPTY;
+    const int end = FindSectionEnd();
+    if (end != head + 1) {
+        return MakeCurrent(head + 1);
     }
-    ++m_nLine;
-    return m_pImage->IsDataHead(m_nLine) ? TABVEX_SECTION_EMPTY : TextLength();
+    if (end < m_pImage->GetLineCount()) {
+        JumpTo(end);
+    }
+    return TABVEX_SECTION_EMPTY;
 }
 
 int CSectionCursor::NextLine() {
-    if (m_nLine + 1 >= m_pImage->GetLineCount()) {
-        return TABVEX_LINES_END;
+    const int next = m_nLine + 1;
+    if (next < FindSectionEnd()) {
+        return MakeCurrent(next);
     }
-    if (m_pImage->IsDataHead(m_nLine + 1)) {
-        return TABVEX_SECTION_ENDS;
+    return next < m_pImage->GetLineCount() ? TABVEX_SECTION_ENDS : TABVEX_LINES_END;
+}
+
+void CSectionCursor::JumpTo(int line) {
+    MakeCurrent(line);
+    m_nSectionEnd = CTableImage::kNone;
+}
+
+int CSectionCursor::FindSectionEnd() {
+    if (m_nSectionEnd == CTableImage::kNone) {
+        m_nSectionEnd = m_pImage->FindDataHead(m_nLine + 1);
     }
-    ++m_nLine;
-    return TextLength();
+    return m_nSectionEnd;
+}
+
+// Few lines hold line breaks: the columns of the others need not be looked at.
+int CSectionCursor::MakeCurrent(int line) {
+    m_nLine = line;
+    const std::string_view text = RawText();
+    m_bHasLineBreaks = HoldsLineBreak(text);
+    return static_cast<int>(m_bHasLineBreaks ? WithLineBreaks(text).size() : text.size());
 }
 
 std::string_view CSectionCursor::GetText() {
@@ -83,14 +104,16 @@ int CSectionCursor::GetColumn(int index, std::string_view& column) {
     if (m_nLine == CTableImage::kNone) {
         return TABVEX_COLUMN_BEYOND_LINE;
     }
-    std::string_view text;
-    if (!FindColumn(index, text)) {
+    if (!FindColumn(index, column)) {
         return TABVEX_COLUMN_BEYOND_LINE;
     }
     if (m_pImage->Header.Newline == 0) {
+        column = {};
         return TABVEX_COLUMN_NO_NEWLINE;
     }
-    column = WithLineBreaks(text);
+    if (m_bHasLineBreaks) {
+        column = WithLineBreaks(column);
+    }
     return static_cast<int>(column.size());
 }
 
@@ -116,7 +139,7 @@ bool CSectionCursor::FindColumn(int index, std::string_view& column) {
 
 void CSectionCursor::SetCurrentLine(int index) {
     if (index >= 0 && index < m_pImage->GetLineCount()) {
-        m_nLine = index;
+        JumpTo(index);
     }
 }
 
@@ -124,9 +147,14 @@ std::string_view CSectionCursor::RawText() const {
     return m_nLine == CTableImage::kNone ? std::string_view() : m_pImage->GetLine(m_nLine);
 }
 
+bool CSectionCursor::HoldsLineBreak(std::string_view text) const {
+    const char newline = m_pImage->Header.Newline;
+    return newline != 0 && text.find(newline) != std::string_view::npos;
+}
+
 std::string_view CSectionCursor::WithLineBreaks(std::string_view text) {
     const char newline = m_pImage->Header.Newline;
-    if (newline == 0 || text.find(newline) == std::string_view::npos) {
+    if (!HoldsLineBreak(text)) {
         return text;
     }
     m_strText.clear();
@@ -138,10 +166,6 @@ std::string_view CSectionCursor::WithLineBreaks(std::string_view text) {
         }
     }
     return m_strText;
-}
-
-int CSectionCursor::TextLength() {
-    return static_cast<int>(GetText().size());
 }
 
 } // namespace tabvex

@@ -51,14 +51,19 @@ private:
         std::size_t Begin; // in the line
     };
 
+    int MakeCurrent(int line);
+    void JumpTo(int line);
+    int FindSectionEnd();
     bool FindColumn(int index, std::string_view& column);
     std::string_view RawText() const;
+    bool HoldsLineBreak(std::string_view text) const;
     std::string_view WithLineBreaks(std::string_view text);
-    int TextLength();
 
     const CTableImage* m_pImage;
     ENewlineMode m_Mode;
     int m_nLine = CTableImage::kNone;
+    int m_nSectionEnd = CTableImage::kNone; // first line behind the current one that begins another section
+    bool m_bHasLineBreaks = false;                 // the current line
     CColumn m_Column = {CTableImage::kNone, 0, 0}; // last found
     std::string m_strText;                         // of a line or column with line breaks in it
 };

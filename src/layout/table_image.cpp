@@ -14,6 +14,7 @@ namespace {
 constexpr std::string_view kDataPrefix = "DATA_";
 constexpr std::size_t kUsualText = std::size_t{120} << 10;
 constexpr std::size_t kUsualLines = 3000;
+constexpr std::size_t kUsualHeads = 200;
 
 bool SameText(std::string_view a, std::string_view b) {
     return a.size() == b.size() &&
@@ -41,10 +42,12 @@ bool FindName(std::string_view line, std::string_view& name) {
     return open != std::string_view::npos && FindName(line, open, name);
 }
 
-// The last characters, case ignored, which tell most names apart; goes on from the key of what stands before.
+// The last characters, case ignored, which tell most names apart; goes on from the key of what stands before. One bit
+// makes letters small; that it makes the same of some other characters does no harm.
 constexpr std::uint32_t KeyOf(std::string_view name, std::uint32_t key = 0) {
+    constexpr unsigned kSmallLetterBit = 0x20;
     for (std::size_t i = name.size() < sizeof key ? 0 : name.size() - sizeof key; i < name.size(); ++i) {
-        key = key << 8U | static_cast<unsigned char>(UpperCase(name[i]));
+        key = key << 8U | static_cast<unsigned char>(name[i]) | kSmallLetterBit;
     }
     return key;
 }
@@ -52,14 +55,13 @@ constexpr std::uint32_t KeyOf(std::string_view name, std::uint32_t key = 0) {
 } // namespace
 
 void CTableImage::Reserve() {
-    Grow(kUsualText);
-    m_Lines.reserve(kUsualLines);
+    Grow(kUsualText, kUsualLines);
 }
 
 // Finds the line's end while copying it: lines are short, so that two passes would take twice as long.
 void CTableImage::AddLine(const char* line) {
-    if (m_nCapacity - m_nText < kLineRoom) {
-        Grow(std::max(m_nCapacity * 2, m_nText + kLineRoom));
+    if (!HasRoom()) {
+        return GrowAndAddLine(line);
     }
     char* const text = m_pText.get() + m_nText;
     std::size_t length = 0;
@@ -67,25 +69,31 @@ void CTableImage::AddLine(const char* line) {
     for (; found == kCopiedAtOnce; length += found) {
         found = CopyAndFindNul(line + length, text + length);
     }
-    CLine& added = m_Lines.emplace_back(); // filled in place: a copy of two halves would be read as a whole at once
-    added.Offset = static_cast<std::uint32_t>(m_nText);
-    added.Length = static_cast<std::uint32_t>(length);
+    CLine& added = m_pLines[m_nLines++];
+    added.Begin = static_cast<std::uint32_t>(m_nText);
     m_nText += length;
+    added.End = static_cast<std::uint32_t>(m_nText);
 }
 
-void CTableImage::Grow(std::size_t capacity) {
+// Kept apart, so that adding a line saves no registers for it.
+[[gnu::noinline]] void CTableImage::GrowAndAddLine(const char* line) {
+    Grow(m_nText + kLineRoom <= m_nCapacity ? m_nCapacity : 2 * m_nCapacity + kLineRoom,
+         m_nLines < m_nLineCapacity ? m_nLineCapacity : 2 * m_nLineCapacity + 1);
+    AddLine(line);
+}
+
+void CTableImage::Grow(std::size_t capacity, std::size_t lineCapacity) {
     if (capacity > UINT32_MAX) {
         throw std::length_error("table file");
     }
-    std::unique_ptr<char[]> larger(new char[capacity]);
-    GetText().copy(larger.get(), m_nText);
-    m_pText = std::move(larger);
+    std::unique_ptr<char[]> text(new char[capacity]);
+    std::unique_ptr<CLine[]> lines(new CLine[lineCapacity]);
+    std::copy_n(m_pText.get(), m_nText, text.get());
+    std::copy_n(m_pLines.get(), m_nLines, lines.get());
+    m_pText = std::move(text);
     m_nCapacity = capacity;
-}
-
-std::string_view CTableImage::GetLine(int index) const {
-    const CLine& line = m_Lines[static_cast<std::size_t>(index)];
-    return {m_pText.get() + line.Offset, line.Length};
+    m_pLines = std::move(lines);
+    m_nLineCapacity = lineCapacity;
 }
 
 // Searches the whole text at once, as few lines hold the character; `visit` gets each such line and the offset in it at
@@ -93,28 +101,27 @@ std::string_view CTableImage::GetLine(int index) const {
 template <typename Visit>
 void CTableImage::VisitLinesWith(char character, Visit visit) {
     const std::string_view text = GetText();
-    auto line = m_Lines.begin();
+    const CLine* const lines = m_pLines.get();
+    const CLine* const end = lines + m_nLines;
+    const CLine* line = lines;
     for (std::size_t at = text.find(character); at != std::string_view::npos;) {
-        line = std::find_if(line, m_Lines.end(), [at](const CLine& l) { return l.Offset + l.Length > at; });
-        if (line == m_Lines.end()) {
+        line = std::find_if(line, end, [at](const CLine& l) { return l.End > at; });
+        if (line == end) {
             return; // what is left was cut off the last line
         }
-        const std::size_t begin = line->Offset;
-        const std::size_t end = begin + line->Length;
-        if (at < begin) {
-            at = text.find(character, begin); // it stood in what was cut off a line before
+        const auto [lineBegin, lineEnd] = *line;
+        if (at < lineBegin) {
+            at = text.find(character, lineBegin); // it stood in what was cut off a line before
             continue;
         }
-        visit(static_cast<int>(line - m_Lines.begin()), at - begin);
-        at = text.find(character, end);
+        visit(static_cast<int>(line - lines), at - lineBegin);
+        at = text.find(character, lineEnd);
     }
 }
 
 void CTableImage::TrimLineLeft(int index) {
-    CLine& line = m_Lines[static_cast<std::size_t>(index)];
-    const std::size_t kept = TrimSpaceLeft(GetLine(index)).size();
-    line.Offset += static_cast<std::uint32_t>(line.Length - kept);
-    line.Length = static_cast<std::uint32_t>(kept);
+    CLine& line = LineAt(index);
+    line.Begin = line.End - static_cast<std::uint32_t>(TrimSpaceLeft(GetLine(index)).size());
 }
 
 void CTableImage::CutComments(char comment) {
@@ -122,20 +129,26 @@ void CTableImage::CutComments(char comment) {
         return;
     }
     VisitLinesWith(comment, [this](int index, std::size_t at) {
-        m_Lines[static_cast<std::size_t>(index)].Length = static_cast<std::uint32_t>(at);
+        CLine& line = LineAt(index);
+        line.End = line.Begin + static_cast<std::uint32_t>(at);
     });
-    m_Lines.erase(std::remove_if(m_Lines.begin(), m_Lines.end(), [](const CLine& line) { return line.Length == 0; }),
-                  m_Lines.end());
+    CLine* const end = std::remove_if(m_pLines.get(), m_pLines.get() + m_nLines,
+                                      [](const CLine& line) { return line.Begin == line.End; });
+    m_nLines = static_cast<std::size_t>(end - m_pLines.get());
 }
 
 void CTableImage::IndexHeads() {
     m_Heads.clear();
+    m_Heads.reserve(kUsualHeads);
     VisitLinesWith('[', [this](int index, std::size_t at) {
         std::string_view name;
         if (FindName(GetLine(index), at, name)) {
-            m_Heads.push_back({KeyOf(name), index});
+            CHead& head = m_Heads.emplace_back(); // filled in place: copying two halves as a whole would have to wait
+            head.NameKey = KeyOf(name);
+            head.Line = index;
         }
     });
+    m_bIndexed = true;
 }
 
 int CTableImage::ScanForHead(std::string_view name) const {
@@ -174,8 +187,18 @@ bool CTableImage::IsHeadOf(std::string_view name, int index) const {
 }
 
 // "DATA_" anywhere in the line makes a head the start of a data section.
-bool CTableImage::IsDataHead(int index) const {
-    return IsHeadOf(kDataPrefix, index);
+int CTableImage::FindDataHead(int from) const {
+    if (!m_bIndexed) {
+        int line = from;
+        while (line < GetLineCount() && !IsHeadOf(kDataPrefix, line)) {
+            ++line;
+        }
+        return line;
+    }
+    auto head = std::lower_bound(m_Heads.begin(), m_Heads.end(), from,
+                                 [](const CHead& h, int line) { return h.Line < line; });
+    head = std::find_if(head, m_Heads.end(), [this](const CHead& h) { return IsHeadOf(kDataPrefix, h.Line); });
+    return head == m_Heads.end() ? GetLineCount() : head->Line;
 }
 
 } // namespace tabvex

@@ -27,25 +27,28 @@ public:
     void TrimLineLeft(int index);
     /// Cuts every line at the comment character; a line that is then empty goes. Does nothing when `comment` is 0.
     void CutComments(char comment);
-    /// Finds the section heads; to be called again whenever lines have changed.
+    /// Finds the section heads; to be called when the lines are as they will stay.
     void IndexHeads();
 
-    int GetLineCount() const { return static_cast<int>(m_Lines.size()); }
+    int GetLineCount() const { return static_cast<int>(m_nLines); }
     /// Line `index`, which must exist.
-    std::string_view GetLine(int index) const;
+    std::string_view GetLine(int index) const {
+        const CLine& line = LineAt(index);
+        return {m_pText.get() + line.Begin, line.End - line.Begin};
+    }
     /// The same as FindHead without an index: looks at line after line.
     int ScanForHead(std::string_view name) const;
     /// First line that is the head of section `name` or of "DATA_" + `name`, case ignored; kNone when there is none.
     int FindHead(std::string_view name) const;
-    /// True when the line begins a "DATA_" section.
-    bool IsDataHead(int index) const;
+    /// First line from line `from` on that begins a "DATA_" section; the number of lines when there is none.
+    int FindDataHead(int from) const;
 
     CTableHeader Header;
 
 private:
     struct CLine {
-        std::uint32_t Offset;
-        std::uint32_t Length;
+        std::uint32_t Begin; // in the text
+        std::uint32_t End;
     };
     struct CHead {
         std::uint32_t NameKey; // tells most names apart, case ignored
@@ -57,13 +60,19 @@ private:
     void VisitLinesWith(char character, Visit visit);
 
     std::string_view GetText() const { return {m_pText.get(), m_nText}; }
-    void Grow(std::size_t capacity);
+    CLine& LineAt(int index) const { return m_pLines[static_cast<std::size_t>(index)]; }
+    bool HasRoom() const { return m_nText + kLineRoom <= m_nCapacity && m_nLines < m_nLineCapacity; }
+    void Grow(std::size_t capacity, std::size_t lineCapacity);
+    void GrowAndAddLine(const char* line);
 
     std::unique_ptr<char[]> m_pText; // all lines, one behind the other
     std::size_t m_nText = 0;
     std::size_t m_nCapacity = 0;
-    std::vector<CLine> m_Lines;
+    std::unique_ptr<CLine[]> m_pLines;
+    std::size_t m_nLines = 0;
+    std::size_t m_nLineCapacity = 0;
     std::vector<CHead> m_Heads; // in the order of the lines
+    bool m_bIndexed = false;
 };
 
 } // namespace tabvex

@@ -71,7 +71,7 @@ public:
 private:
     // The block is always followed by a line end, which stops the search for one.
     bool Fill(std::size_t size = kReadSize) {
-        if (m_pFile == nullptr) {
+        if (m_pFile == nullptr || std::feof(m_pFile) != 0) {
             return false;
         }
         m_pNext = m_pBlock;
