@@ -14,7 +14,7 @@ namespace {
 constexpr std::string_view kDataPrefix = "DATA_";
 constexpr std::size_t kUsualText = std::size_t{120} << 10;
 constexpr std::size_t kUsualLines = 3000;
-constexpr std::size_t kUsualHeads = 200;
+constexpr std::size_t kUsualHeads = 400;
 
 bool SameText(std::string_view a, std::string_view b) {
     return a.size() == b.size() &&

@@ -31,6 +31,13 @@ inline std::uint32_t PlacesOf(char wanted, CCharBlock block) {
     return static_cast<std::uint32_t>(_mm_movemask_epi8(_mm_cmpeq_epi8(block, _mm_set1_epi8(wanted))));
 }
 
+/// Bit i is set where character i is `a` or `b`.
+inline std::uint32_t PlacesOfEither(char a, char b, CCharBlock block) {
+    const CCharBlock isA = _mm_cmpeq_epi8(block, _mm_set1_epi8(a));
+    const CCharBlock isB = _mm_cmpeq_epi8(block, _mm_set1_epi8(b));
+    return static_cast<std::uint32_t>(_mm_movemask_epi8(_mm_or_si128(isA, isB)));
+}
+
 /// Takes the characters of `a` where those of `which` are not 0, of `b` elsewhere; `which` holds 0 and 255 only.
 inline CCharBlock Choose(CCharBlock which, CCharBlock a, CCharBlock b) {
     return _mm_or_si128(_mm_and_si128(which, a), _mm_andnot_si128(which, b));
@@ -56,6 +63,10 @@ inline std::uint32_t PlacesOf(char wanted, const CCharBlock& block) {
         places |= static_cast<std::uint32_t>(block[i] == wanted) << i;
     }
     return places;
+}
+
+inline std::uint32_t PlacesOfEither(char a, char b, const CCharBlock& block) {
+    return PlacesOf(a, block) | PlacesOf(b, block);
 }
 
 inline CCharBlock Choose(const CCharBlock& which, const CCharBlock& a, const CCharBlock& b) {

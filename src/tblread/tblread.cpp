@@ -54,16 +54,12 @@ public:
 
     // The next line into `line` of kLineSize bytes; false when there is none.
     bool Next(char* line) {
-        if (!SkipLfOfCrLf()) {
+        if ((m_pNext == m_pEnd || m_bSkipLf) && !BeginLine()) {
             line[0] = '\0';
             return false;
         }
-        std::size_t length = 0;
-        while (!TakePiece(line, length)) {
-            if (!Fill()) {
-                line[length] = '\0';
-                return true;
-            }
+        if (std::size_t length = 0; !TakePiece(line, length)) {
+            TakeMorePieces(line, length);
         }
         return true;
     }
@@ -80,8 +76,10 @@ private:
         return m_pEnd > m_pNext;
     }
 
+    // What few lines need is kept out of the way of the others: they then save no registers for it.
+
     // Passes over the LF of a CR LF, of which the CR has ended the line before. False at the end of the file.
-    bool SkipLfOfCrLf() {
+    [[gnu::noinline]] bool BeginLine() {
         if (m_pNext == m_pEnd && !Fill()) {
             return false;
         }
@@ -92,13 +90,23 @@ private:
         return m_pNext < m_pEnd || Fill();
     }
 
+    // For a line that goes on in the next block.
+    [[gnu::noinline]] void TakeMorePieces(char* line, std::size_t length) {
+        while (Fill()) {
+            if (TakePiece(line, length)) {
+                return;
+            }
+        }
+        line[length] = '\0';
+    }
+
     // Appends what the block still has of the line. True, with the text ended, when the line ends in this block.
     bool TakePiece(char* line, std::size_t& length) {
         const char* from = m_pNext;
         char* to = line + length;
         for (; to + kBlockLength < line + kLineSize; from += kBlockLength, to += kBlockLength) {
             const CCharBlock block = tabvex::LoadBlock(from);
-            const std::uint32_t ends = tabvex::PlacesOf('\n', block) | tabvex::PlacesOf('\r', block);
+            const std::uint32_t ends = tabvex::PlacesOfEither('\n', '\r', block);
             if (ends != 0) {
                 const std::size_t count = tabvex::FirstPlace(ends);
                 tabvex::StoreText(to, block, count);
@@ -112,7 +120,7 @@ private:
 
     // The end of a very long line, character by character.
     // NOLINTNEXTLINE(readability-non-const-parameter): `to` lies in it
-    bool TakeRest(char* line, char* to, const char* from, std::size_t& length) {
+    [[gnu::noinline]] bool TakeRest(char* line, char* to, const char* from, std::size_t& length) {
         for (; *from != '\n' && *from != '\r'; ++from) {
             if (to < line + kLineSize - 1) {
                 *to++ = *from;
