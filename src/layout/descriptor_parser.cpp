@@ -41,7 +41,8 @@ std::string_view WithoutQuotes(std::string_view quoted) {
 bool AreAscendingNumbers(std::string_view lower, std::string_view upper) {
     double lowerNumber = 0.0;
     double upperNumber = 0.0;
-    if ((!lower.empty() && !ParseDecimal(lower, lowerNumber)) || (!upper.empty() && !ParseDecimal(upper, upperNumber))) {
+    if ((!lower.empty() && !ParseDecimal(lower, lowerNumber)) ||
+        (!upper.empty() && !ParseDecimal(upper, upperNumber))) {
         return false;
     }
     return lower.empty() || upper.empty() || lowerNumber < upperNumber;

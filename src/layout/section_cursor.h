@@ -62,7 +62,7 @@ private:
     const CTableImage* m_pImage;
     ENewlineMode m_Mode;
     int m_nLine = CTableImage::kNone;
-    int m_nSectionEnd = CTableImage::kNone; // first line behind the current one that begins another section
+    int m_nSectionEnd = CTableImage::kNone;        // first line behind the current one that begins another section
     bool m_bHasLineBreaks = false;                 // the current line
     CColumn m_Column = {CTableImage::kNone, 0, 0}; // last found
     std::string m_strText;                         // of a line or column with line breaks in it

@@ -195,8 +195,8 @@ int CTableImage::FindDataHead(int from) const {
         }
         return line;
     }
-    auto head = std::lower_bound(m_Heads.begin(), m_Heads.end(), from,
-                                 [](const CHead& h, int line) { return h.Line < line; });
+    auto head =
+        std::lower_bound(m_Heads.begin(), m_Heads.end(), from, [](const CHead& h, int line) { return h.Line < line; });
     head = std::find_if(head, m_Heads.end(), [this](const CHead& h) { return IsHeadOf(kDataPrefix, h.Line); });
     return head == m_Heads.end() ? GetLineCount() : head->Line;
 }

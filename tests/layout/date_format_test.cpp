@@ -74,10 +74,28 @@ TEST(DateFormat, OfMoreThanTwoSeparatorsTheLastCountsAsTheSecond) {
 }
 
 TEST(DateFormat, AFormatThatIsNoneOfTheLayoutsHasNoOrders) {
-    for (const std::string_view text :
-         {"",          " ",          "...",    "D",      "DD",          "MM",        "YY",
-          "YYYY",      "DDMM",       "MMDD",   "DDYY",   "DDMMYYY",     "DDMMYYYYY", "DDMMYYYYDD",
-          "DDMMMYYYY", "dd.mm.yyyy", "YYMMYY", "DMYDMY", "YYYYMMDDX.D", "MMMYYYY"}) {
+    for (const std::string_view text : {"",
+                                        " ",
+                                        "...",
+                                        "D",
+                                        "DD",
+                                        "MM",
+                                        "YY",
+                                        "YYYY",
+                                        "DDMM",
+                                        "MMDD",
+                                        "DDYY",
+                                        "DDMMYYY",
+                                        "DDMMYYYYY",
+                                        "DDMMYYYYDD",
+                                        "DDMMMYYYY",
+                                        "dd.mm.yyyy",
+                                        "YYMMYY",
+                                        "DMYDMY",
+                                        "YYYYMMDDX.D",
+                                        "MMMYYYY",
+                                        "YDDMMYYYY",
+                                        "DDMMYYYYDDMMYYYY"}) {
         SCOPED_TRACE(std::string(text));
         const CDateFormat format = AnalyseDateFormat(text);
         EXPECT_FALSE(format.IsKnown());

@@ -609,6 +609,21 @@ TEST_F(TableFile, TheCurrentLineCanBeSetToALineThatExists) {
     EXPECT_EQ(Next(), Full("DELIMITER=|"));
 }
 
+TEST_F(TableFile, ALineMadeCurrentByItsIndexHasItsOwnSectionAndLineBreaks) {
+    Load("[HEADER]\nDELIMITER=|\nNEWLINE=^\n[DATA_X1]\none|1\ntwo|2^b\n[DATA_X2]\nthree|3\n");
+    EXPECT_EQ(Find("X2"), Full("three|3"));
+    EXPECT_EQ(Next(), Nothing(TABVEX_LINES_END));
+    m_Table.SetCurrentLine(4);
+    EXPECT_EQ(Next(), Full("two|2\r\nb"));
+    EXPECT_EQ(Next(), Nothing(TABVEX_SECTION_ENDS));
+    m_Table.SetCurrentLine(6);
+    EXPECT_EQ(Next(), Full("three|3"));
+    EXPECT_EQ(Next(), Nothing(TABVEX_LINES_END));
+    m_Table.SetCurrentLine(5);
+    EXPECT_EQ(Column(1), Full("2\r\nb"));
+    EXPECT_EQ(Next(), Nothing(TABVEX_SECTION_ENDS));
+}
+
 // --- Blank lines and comments
 // -----------------------------------------------------------------------------------------
 
