@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "tabvex/export.h"
@@ -47,4 +48,12 @@ public:
     /// have set stays set. Text behind the date pattern is ignored. TABVEX_INTERNAL_FAILURE (-98) without
     /// memory.
     int ParseFormat(const char* descriptor);
+
+    /// Lays a value out as this item's field, by the checks and rules of CAllRecords::WriteItem: `Length` characters,
+    /// fewer when the modifiers name no alignment. A date is given as YYYYMMDD, a number with a point or a comma; a
+    /// text is not converted. Returns TABVEX_OK; TABVEX_VALUE_NOT_LISTED, TABVEX_VALUE_TOO_LONG for a text;
+    /// TABVEX_VALUE_NOT_A_NUMBER, TABVEX_VALUE_NUMBER_NOT_LISTED, TABVEX_VALUE_OUT_OF_RANGE, TABVEX_VALUE_DOES_NOT_FIT
+    /// for a number; TABVEX_DATE_ITEM_NO_PATTERN, TABVEX_DATE_DOES_NOT_FIT for a date; TABVEX_INTERNAL_FAILURE (-98)
+    /// without memory. `field` is replaced only on success.
+    int FormatValue(std::string_view value, std::string& field) const;
 };

@@ -43,7 +43,7 @@ public:
     /// Number of lines.
     int GetLineCount() const;
     /// Line `index` (0-based), NUL-terminated; the empty text when there is no such line. Entries and mutations that
-    /// were changed in a record of the newer form show in its lines once PrepareWrite has run.
+    /// were changed in a record of the newer form show in its lines once these were saved or asked for as a whole.
     const char* GetLine(int index) const;
     /// Characters in a line of this type: 128, for "FZ" 640.
     int GetLineLength() const;
@@ -56,6 +56,18 @@ public:
     int GetCurrentLine() const;
     /// Offset of the current entry in its line, 0-based.
     int GetCurrentOffset() const;
+
+protected:
+    /// A record without lines, with the layout of its type.
+    CRecord(const char* type, tabvex::CRecordContext& context);
+
+    /// Called before lines are added or overwritten other than by writing entries.
+    virtual void BeforeLinesChange();
+    /// Called when a caller has created the record, with one line of blanks and defaults.
+    virtual void AfterCreation();
+
+    // What the record set asks of its records. All of it may throw without memory, which ends the whole operation of
+    // the record set; callers reach it through that only.
 
     /// Moves to the first entry of the group whose key item is `item`.
     virtual int FirstEntry(int item) = 0;
@@ -95,7 +107,7 @@ public:
     virtual int GetMutationCount();
 
     /// Adds a line: `text` up to its NUL, at most GetLineLength() + 2 characters, NULs behind it; a null text adds
-    /// blanks. Returns the new line's index, or TABVEX_INTERNAL_FAILURE without memory; the cursor stays.
+    /// blanks. Returns the new line's index; the cursor stays.
     int ParseLine(const char* text);
     /// The same for a text that need not be terminated.
     int AddLine(std::string_view text);
@@ -107,8 +119,7 @@ public:
     /// Overwrites the item in the line at the cursor (in the last one when the cursor is behind it). TABVEX_OK, or
     /// TABVEX_ITEM_NO_LINE.
     virtual int HardWrite(const CItemDef& definition, std::string_view text);
-    /// Writes the default texts of the type's items into the line last added; the number of items with a default, or
-    /// TABVEX_INTERNAL_FAILURE without memory.
+    /// Writes the default texts of the type's items into the line last added; the number of items with a default.
     int FillDefaults();
     /// Fix-up after a file was read. TABVEX_ENTRY_CHECK_FAILED (-2) for types that need none.
     virtual int PostRead();
@@ -120,27 +131,10 @@ public:
     /// Appends every line to a text, cut or padded with blanks to 128 characters, with LF behind it when `lf`.
     void AppendLines(std::string& text, bool lf) const;
 
-protected:
-    /// A record without lines, with the layout of its type.
-    CRecord(const char* type, tabvex::CRecordContext& context);
-
-    /// Called before lines are added or overwritten other than by writing entries.
-    virtual void BeforeLinesChange();
-    /// Called when a caller has created the record, with one line of blanks and defaults.
-    virtual void AfterCreation();
-
-    // For use inside: these throw without memory, which ends the whole operation of the record set.
-
-    /// GetLayout.
+    /// GetLayout, which throws as well.
     const std::vector<CItemDef>& Items() const;
-    /// FindItem.
+    /// FindItem, which throws as well.
     const CItemDef* Definition(int number) const;
-    /// ParseLine.
-    int TakeLine(const char* text);
-    /// AddLine.
-    int TakeText(std::string_view text);
-    /// FillDefaults.
-    int PutDefaults();
 
     /// Offset of an item's position in a line, 0-based; -1, which lies outside every line, for positions below 1.
     static int OffsetOf(const CItemDef& definition);
@@ -154,7 +148,7 @@ protected:
     void PutIntoLine(int line, int offset, std::string_view text);
     /// The same for the text of a field, of which at most the item's length is taken.
     void PutField(int line, int offset, int length, std::string_view field);
-    /// Adds a line behind the others; TakeText without BeforeLinesChange.
+    /// Adds a line behind the others; AddLine without BeforeLinesChange.
     void AppendLine(std::string_view text);
 
     char m_szType[8] = {};                            ///< key of the record type
@@ -174,4 +168,5 @@ private:
     char* NewLine();
 
     friend class CAllRecords;
+    friend class CAllRecordsEx;
 };

@@ -69,7 +69,7 @@ int CAllRecords::SetCompleteRecord(const char* type, char* line, int lineSize) {
         CRecord* record = ExistingRecordForKey(type);
         if (record != nullptr) {
             RefreshNumbering(*record);
-            record->TakeLine(nullptr);
+            record->ParseLine(nullptr);
         } else {
             record = CreateRecord(tabvex::FindRecordType(type), true);
         }

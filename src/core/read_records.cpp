@@ -58,7 +58,7 @@ int CAllRecords::AddFixedRecords(CLineFile& file) {
         // Numbering is on for every type already.
         CRecord* record = m_pState->Store.Find(type);
         record = record == nullptr ? CreateRecord(type, false) : record;
-        record->TakeText(line.substr(0, kRecordLength));
+        record->AddLine(line.substr(0, kRecordLength));
     }
     return TABVEX_OK;
 }
@@ -81,7 +81,7 @@ int CAllRecords::AddVariableLines(CLineFile& file) {
         std::memcpy(buffer.data(), line.c_str(), line.size() + 1);
         const int type = tabvex::RecordTypeOfLine(buffer.data());
         if (type != tabvex::kNoRecordType) {
-            GetOrCreateRecord(type, false)->TakeLine(buffer.c_str());
+            GetOrCreateRecord(type, false)->ParseLine(buffer.c_str());
         }
     }
     return length == TABVEX_FILE_END ? TABVEX_READ_SUCCEEDED : TABVEX_READ_FAILED;

@@ -150,18 +150,6 @@ std::size_t CRecord::BufferSize() const {
     return static_cast<std::size_t>(m_nLineLength) + kLineRoom;
 }
 
-int CRecord::ParseLine(const char* text) {
-    return tabvex::Guarded([&] { return TakeLine(text); });
-}
-
-int CRecord::AddLine(std::string_view text) {
-    return tabvex::Guarded([&] { return TakeText(text); });
-}
-
-int CRecord::FillDefaults() {
-    return tabvex::Guarded([this] { return PutDefaults(); });
-}
-
 const std::vector<CItemDef>& CRecord::Items() const {
     return m_pLayout == nullptr ? NoItems() : m_pLayout->GetItems();
 }
@@ -170,10 +158,10 @@ const CItemDef* CRecord::Definition(int number) const {
     return m_pLayout == nullptr ? nullptr : m_pLayout->Find(number);
 }
 
-int CRecord::TakeLine(const char* text) {
+int CRecord::ParseLine(const char* text) {
     const std::size_t size = BufferSize() - 1;
     if (text != nullptr) {
-        return TakeText({text, strnlen(text, size)});
+        return AddLine({text, strnlen(text, size)});
     }
     BeforeLinesChange();
     char* line = NewLine();
@@ -182,7 +170,7 @@ int CRecord::TakeLine(const char* text) {
     return GetLineCount() - 1;
 }
 
-int CRecord::TakeText(std::string_view text) {
+int CRecord::AddLine(std::string_view text) {
     BeforeLinesChange();
     AppendLine(text);
     return GetLineCount() - 1;
@@ -202,7 +190,7 @@ int CRecord::AppendContinuationLine(int headerLength) {
     const char* model = first ? m_szType : LineAt(m_nCurLine);
     const CContinuationRule rule = ContinuationRuleOf(m_szType);
     const int repeated = rule.TypeOnly || first ? kTypeLength : std::clamp(headerLength - 1, 0, m_nLineLength);
-    TakeLine(nullptr);
+    ParseLine(nullptr);
     std::memcpy(m_pCurLine, model, static_cast<std::size_t>(repeated));
     if (rule.MarkOffset != kNoMark) {
         m_pCurLine[rule.MarkOffset] = tabvex::kNewFormMark;
@@ -229,7 +217,7 @@ int CRecord::HardWrite(const CItemDef& definition, std::string_view text) {
     return TABVEX_OK;
 }
 
-int CRecord::PutDefaults() {
+int CRecord::FillDefaults() {
     return m_pLayout == nullptr || m_pCurLine == nullptr ? 0 : m_pLayout->FillDefaults(m_pCurLine, m_nLineLength);
 }
 

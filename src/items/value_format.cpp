@@ -1,10 +1,12 @@
 #include "items/value_format.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "items/date_texts.h"
 #include "layout/ascii.h"
 #include "layout/number_text.h"
+#include "platform/guard.h"
 #include "tabvex/result_codes.h"
 
 namespace tabvex {
@@ -262,3 +264,14 @@ bool IsInRanges(const CItemDef& definition, double number) {
 }
 
 } // namespace tabvex
+
+int CItemDef::FormatValue(std::string_view value, std::string& field) const {
+    return tabvex::Guarded([&]() -> int {
+        std::string text;
+        const int result = tabvex::FormatValue(*this, value, true, text);
+        if (result == TABVEX_OK) {
+            field = std::move(text);
+        }
+        return result;
+    });
+}

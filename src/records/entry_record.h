@@ -13,12 +13,12 @@ class CEntryRecord : public CRecord {
 public:
     CEntryRecord(const CGroupRow& row, CRecordContext& context);
 
+protected:
     int FirstEntry(int item) override;
     int NextEntry(int item) override;
     int ReadEntryItem(int item, const CItemDef& definition, std::string_view& text) override;
     int WriteEntry(int item, const CItemDef& definition, std::string_view value) override;
 
-protected:
     /// What the layout makes of a row; worked out when it is first asked for.
     struct CGroup {
         const CGroupRow* Row;

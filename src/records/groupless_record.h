@@ -10,6 +10,7 @@ public:
     /// `type` is an index of the record types.
     CGrouplessRecord(int type, CRecordContext& context);
 
+protected:
     int FirstEntry(int item) override;
     int NextEntry(int item) override;
     int ReadEntryItem(int item, const CItemDef& definition, std::string_view& text) override;

@@ -11,6 +11,7 @@ public:
     /// `type` is an index of the record types.
     CListRecord(int type, CRecordContext& context);
 
+protected:
     int FirstEntry(int item) override;
     int NextEntry(int item) override;
     int ReadEntryItem(int item, const CItemDef& definition, std::string_view& text) override;

@@ -11,6 +11,7 @@ public:
         m_nLineLength = kLongLineLength;
     }
 
+protected:
     int AppendContinuationLine(int headerLength) override;
 };
 

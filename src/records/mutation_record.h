@@ -16,6 +16,7 @@ class CMutationRecord : public CRepairPositionRecord {
 public:
     CMutationRecord(const CMutationItems& items, CRecordContext& context);
 
+protected:
     int FirstEntry(int item) override;
     int NextEntry(int item) override;
     int ReadEntryItem(int item, const CItemDef& definition, std::string_view& text) override;
@@ -31,7 +32,6 @@ public:
     int PostRead() override;
     int PrepareWrite() override;
 
-protected:
     void BeforeLinesChange() override;
     void AfterCreation() override;
 

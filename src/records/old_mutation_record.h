@@ -10,6 +10,7 @@ class COldMutationRecord : public CRepairPositionRecord {
 public:
     COldMutationRecord(const CMutationItems& items, CRecordContext& context);
 
+protected:
     int FirstEntry(int item) override;
     int NextEntry(int item) override;
     int ReadEntryItem(int item, const CItemDef& definition, std::string_view& text) override;

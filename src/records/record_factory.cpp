@@ -94,8 +94,8 @@ CRecord* CAllRecords::CreateRecord(int type, bool blankLine) {
     CRecord* added = m_pState->Store.Add(std::move(record), known);
     if (blankLine) {
         try {
-            added->TakeLine(nullptr);
-            added->PutDefaults(); // nothing without a layout
+            added->ParseLine(nullptr);
+            added->FillDefaults(); // nothing without a layout
             added->AfterCreation();
         } catch (...) {
             RemoveRecordsFrom(m_pState->Store.All().size() - 1);

@@ -10,6 +10,7 @@ class CSearchingRecord : public CEntryRecord {
 public:
     using CEntryRecord::CEntryRecord;
 
+protected:
     int FindFirst(int item, std::string_view text) override;
     int FindNext(int item, std::string_view text) override;
 
@@ -26,6 +27,7 @@ class CDynamicRecord : public CSearchingRecord {
 public:
     using CSearchingRecord::CSearchingRecord;
 
+protected:
     int PrevEntry(int item) override;
     int ReadEntry(int item, std::string& text) override;
     int WriteDynEntry(int item, std::string_view value) override;

@@ -10,12 +10,12 @@ public:
     /// `rows`: the rows of both groups, one behind the other.
     CTwoGroupRecord(const CGroupRow* rows, CRecordContext& context);
 
+protected:
     int FirstEntry(int item) override;
     int NextEntry(int item) override;
     int ReadEntryItem(int item, const CItemDef& definition, std::string_view& text) override;
     int WriteEntry(int item, const CItemDef& definition, std::string_view value) override;
 
-protected:
     int MakeRoom(int writeLimit) override;
 
 private:

@@ -10,6 +10,7 @@ class CUnknownRecord : public CRecord {
 public:
     explicit CUnknownRecord(CRecordContext& context);
 
+protected:
     int FirstEntry(int item) override;
     int NextEntry(int item) override;
     int ReadEntryItem(int item, const CItemDef& definition, std::string_view& text) override;

@@ -481,6 +481,21 @@ TEST(WithoutMemory, ADescriptorGivesAnInternalFailure) {
     }
 }
 
+TEST(WithoutMemory, AValueLaidOutGivesAnInternalFailureAndKeepsTheField) {
+    CItemDef definition;
+    definition.Length = 30;
+    bool failed = true;
+    for (std::size_t number = 1; failed; ++number) {
+        std::string field = "kept";
+        CFailingAllocations failing(number);
+        const int result = definition.FormatValue("value", field);
+        failed = failing.Stop();
+        EXPECT_EQ(result, failed ? TABVEX_INTERNAL_FAILURE : TABVEX_OK) << "allocation " << number;
+        EXPECT_EQ(field, failed ? "kept" : "value" + std::string(25, ' '));
+        EXPECT_TRUE(failed || number > 1) << "a field of 30 characters needs memory";
+    }
+}
+
 class RecordWithoutMemory : public ::testing::Test {
 protected:
     // The layout of a record that was just read is not yet parsed.
@@ -515,24 +530,6 @@ TEST_F(RecordWithoutMemory, FindsNoItemUntilThereIsMemory) {
     EXPECT_EQ(item, nullptr);
     ASSERT_NE(record->FindItem(1020), nullptr);
     EXPECT_EQ(record->FindItem(1020)->Length, 16);
-}
-
-TEST_F(RecordWithoutMemory, TakesNoLineAndNoDefaults) {
-    CRecord* record = m_Records.ExistRecord("X1");
-    int result = 0;
-    do { // the room that there is takes some lines
-        CFailingAllocations failing(1);
-        result = record->GetLineCount() % 2 == 0 ? record->AddLine("X1") : record->ParseLine("X1");
-        EXPECT_EQ(failing.Stop(), result < 0);
-    } while (result >= 0);
-    EXPECT_EQ(result, TABVEX_INTERNAL_FAILURE);
-    const int count = record->GetLineCount();
-    EXPECT_EQ(record->AddLine("X1"), count);
-    CFailingAllocations failing(1);
-    result = record->FillDefaults();
-    EXPECT_TRUE(failing.Stop());
-    EXPECT_EQ(result, TABVEX_INTERNAL_FAILURE);
-    EXPECT_EQ(record->FillDefaults(), 4) << "of the items 1000, 1005, 1080 and 1120";
 }
 
 template <typename Array, typename Value>

@@ -9,6 +9,7 @@
 #include "core/record_context.h"
 #include "records/list_record.h"
 #include "records/unknown_record.h"
+#include "support/record_access.h"
 #include "support/record_builder.h"
 #include "support/table_builder.h"
 #include "support/temp_folder.h"
@@ -18,11 +19,13 @@ namespace {
 
 constexpr int kBufferSize = 131;
 
+using COpenList = COpenRecord<tabvex::CListRecord>;
+
 // A record type that overrides nothing it need not, and lets a test look at its lines' whole buffers.
-class CPlainRecord : public CRecord {
+class CPlainRecord : public COpenRecord<CRecord> {
 public:
     CPlainRecord(const char* type, tabvex::CRecordContext& context, const std::vector<std::string>& lines)
-        : CRecord(type, context) {
+        : COpenRecord(type, context) {
         for (const std::string& line : lines) {
             ParseLine(Padded(line).c_str());
         }
@@ -59,7 +62,7 @@ protected:
     // A record with these lines, each padded with blanks.
     CPlainRecord Make(const char* type, const std::vector<std::string>& lines = {}) { return {type, m_Context, lines}; }
 
-    std::string Saved(CRecord& record, bool crlf) {
+    std::string Saved(CPlainRecord& record, bool crlf) {
         const std::string path = m_Folder.PathOf("saved");
         CLineFile file;
         EXPECT_EQ(file.Open(path.c_str(), false, 130), TABVEX_OK);
@@ -379,15 +382,15 @@ protected:
         EXPECT_EQ(m_Context.Table.Open(path.c_str()), TABVEX_OK);
     }
 
-    tabvex::CListRecord Make() { return {tabvex::RecordTypeOf("X1"), m_Context}; }
+    COpenList Make() { return {tabvex::RecordTypeOf("X1"), m_Context}; }
 
-    static std::string Read(tabvex::CListRecord& record, int item) {
+    static std::string Read(COpenList& record, int item) {
         std::string_view text;
         EXPECT_EQ(record.ReadEntryItem(item, *record.FindItem(item), text), TABVEX_OK);
         return std::string(text);
     }
 
-    static int Write(tabvex::CListRecord& record, int item, std::string_view value) {
+    static int Write(COpenList& record, int item, std::string_view value) {
         return record.WriteEntry(item, *record.FindItem(item), value);
     }
 
@@ -396,7 +399,7 @@ protected:
 };
 
 TEST_F(ListRecord, HasTheLayoutOfItsType) {
-    const tabvex::CListRecord record = Make();
+    const COpenList record = Make();
     EXPECT_STREQ(record.GetType(), "X1");
     EXPECT_FALSE(record.IsGeneric());
     EXPECT_EQ(record.GetLayout().size(), 5U);
@@ -406,7 +409,7 @@ TEST_F(ListRecord, HasTheLayoutOfItsType) {
 }
 
 TEST_F(ListRecord, SteppingDoesNothingAndSucceeds) {
-    tabvex::CListRecord record = Make();
+    COpenList record = Make();
     EXPECT_EQ(record.FirstEntry(1005), 0);
     EXPECT_EQ(record.NextEntry(9999), 0);
     EXPECT_EQ(record.PrevEntry(1005), -62);
@@ -414,7 +417,7 @@ TEST_F(ListRecord, SteppingDoesNothingAndSucceeds) {
 }
 
 TEST_F(ListRecord, ItemsAreReadFromTheFirstLineWhereverTheCursorIs) {
-    tabvex::CListRecord record = Make();
+    COpenList record = Make();
     record.ParseLine(Padded("X1     one").c_str());
     record.ParseLine(Padded("X1     two").c_str());
     record.AppendContinuationLine(3);
@@ -423,7 +426,7 @@ TEST_F(ListRecord, ItemsAreReadFromTheFirstLineWhereverTheCursorIs) {
 }
 
 TEST_F(ListRecord, ItemsAreWrittenToTheFirstLineOnly) {
-    tabvex::CListRecord record = Make();
+    COpenList record = Make();
     record.ParseLine(Padded("X1     one").c_str());
     record.ParseLine(Padded("X1     two").c_str());
     EXPECT_EQ(Write(record, 1005, "new"), 0);
@@ -432,7 +435,7 @@ TEST_F(ListRecord, ItemsAreWrittenToTheFirstLineOnly) {
 }
 
 TEST_F(ListRecord, ATextThatFailsItsCheckLeavesTheLineAlone) {
-    tabvex::CListRecord record = Make();
+    COpenList record = Make();
     record.ParseLine(Padded("X1     one").c_str());
     EXPECT_EQ(Write(record, 1015, "abc"), TABVEX_VALUE_NOT_A_NUMBER);
     EXPECT_EQ(Write(record, 1005, "too long"), TABVEX_VALUE_TOO_LONG);
@@ -440,7 +443,7 @@ TEST_F(ListRecord, ATextThatFailsItsCheckLeavesTheLineAlone) {
 }
 
 TEST_F(ListRecord, AnItemThatLeavesTheLineIsReadAndWrittenUpToItsEnd) {
-    tabvex::CListRecord record = Make();
+    COpenList record = Make();
     record.ParseLine((std::string(125, ' ') + "abc").c_str());
     EXPECT_EQ(Read(record, 1010), "abc");
     EXPECT_EQ(Write(record, 1010, "vwxyz"), 0);
@@ -448,7 +451,7 @@ TEST_F(ListRecord, AnItemThatLeavesTheLineIsReadAndWrittenUpToItsEnd) {
 }
 
 TEST_F(ListRecord, WithoutLinesThereIsNothingToReadOrWrite) {
-    tabvex::CListRecord record = Make();
+    COpenList record = Make();
     std::string_view text;
     EXPECT_EQ(record.ReadEntryItem(1005, *record.FindItem(1005), text), TABVEX_ITEM_NO_LINE);
     EXPECT_EQ(Write(record, 1005, "new"), TABVEX_ITEM_NO_LINE);
@@ -456,7 +459,7 @@ TEST_F(ListRecord, WithoutLinesThereIsNothingToReadOrWrite) {
 }
 
 TEST_F(ListRecord, DefaultsGoIntoTheLineAddedLast) {
-    tabvex::CListRecord record = Make();
+    COpenList record = Make();
     record.ParseLine(nullptr);
     record.ParseLine(nullptr);
     EXPECT_EQ(record.FillDefaults(), 1);
@@ -468,7 +471,7 @@ TEST_F(ListRecord, DefaultsGoIntoTheLineAddedLast) {
 
 TEST(UnknownRecord, KeepsItsLinesAndRefusesEveryItemAndEntryOperation) {
     tabvex::CRecordContext context;
-    tabvex::CUnknownRecord record(context);
+    COpenRecord<tabvex::CUnknownRecord> record(context);
     record.ParseLine(Padded("QQ line").c_str());
     EXPECT_STREQ(record.GetType(), "UNKNOWN");
     EXPECT_TRUE(record.IsGeneric());

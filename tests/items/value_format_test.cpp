@@ -59,6 +59,11 @@ CItemDef Date(int length, const std::string& pattern) {
 std::string Formatted(const CItemDef& definition, std::string_view value, bool check = true) {
     std::string field = "what was there before";
     const int result = FormatValue(definition, value, check, field);
+    if (check) { // what callers are offered does the same
+        std::string offered = "what was there before";
+        EXPECT_EQ(definition.FormatValue(value, offered), result) << value;
+        EXPECT_EQ(offered, field) << value;
+    }
     if (result == 0) {
         return field;
     }
@@ -541,6 +546,12 @@ TEST(ValueFormat, SenselessLengthsAndDigitsAreHarmless) {
                    {Number(5, 5, INT_MAX, "R"), "1", kError},
                    {Number(INT_MAX, INT_MAX, INT_MAX, "RSEBP"), "-1.5", kError},
                    {Number(INT_MAX, 5, 0, "R", '0'), "12", std::string(kWidestField - 2, '0') + "12"}});
+}
+
+TEST(ValueFormat, AFieldCanBeTheValueThatACallerLaysOut) {
+    std::string text = "value";
+    EXPECT_EQ(Item('U', 8).FormatValue(text, text), 0);
+    EXPECT_EQ(text, "VALUE   ");
 }
 
 TEST(ValueFormat, AFieldWithRoomIsNotAllocatedAnew) {

@@ -11,6 +11,7 @@
 #include "core/all_records.h"
 #include "records/searching_record.h"
 #include "support/guard_buffer.h"
+#include "support/record_access.h"
 #include "support/record_set_test.h"
 
 namespace {
@@ -111,14 +112,14 @@ TEST_F(EntryRecord, EntriesOf40CharactersLieAt7And47And87) {
 
 TEST_F(EntryRecord, FirstEntryTestsTheItemBeforeTheLines) {
     COpenRecords records;
-    CRecord& record = records.AddWithoutLines("G1");
+    CRecordAccess record = records.AddWithoutLines("G1");
     EXPECT_EQ(record.FirstEntry(12020), kWrongKey);
     EXPECT_EQ(record.FirstEntry(12015), kNoLines);
 }
 
 TEST_F(EntryRecord, NextEntryTestsTheLinesBeforeTheItem) {
     COpenRecords records;
-    CRecord& record = records.AddWithoutLines("G1");
+    CRecordAccess record = records.AddWithoutLines("G1");
     EXPECT_EQ(record.NextEntry(12020), kNoLines);
     EXPECT_EQ(record.NextEntry(12015), kNoLines);
     record.ParseLine(nullptr);
@@ -128,7 +129,7 @@ TEST_F(EntryRecord, NextEntryTestsTheLinesBeforeTheItem) {
 TEST_F(EntryRecord, PrevEntryTestsTheLinesBeforeTheItem) {
     COpenRecords records;
     for (const auto& [type, other] : {std::pair("X2", 2025), std::pair("X2N", 2125), std::pair("G0", 12330)}) {
-        CRecord& record = records.AddWithoutLines(type);
+        CRecordAccess record = records.AddWithoutLines(type);
         EXPECT_EQ(record.PrevEntry(other), kNoLines) << type;
         record.ParseLine(nullptr);
         EXPECT_EQ(record.PrevEntry(other), kWrongKey) << type;
@@ -141,7 +142,7 @@ TEST_F(EntryRecord, FirstEntryTestsItemAndLinesBeforeTheLengthOfTheEntry) {
         {"X6", 6015},  {"X9", 9020},  {"Z2", 16315}, {"X9_NEU", 9420}, {"Z4", 16603}, {"Z9", 18035}};
     COpenRecords records;
     for (const auto& [type, key] : types) {
-        CRecord& record = records.AddWithoutLines(type);
+        CRecordAccess record = records.AddWithoutLines(type);
         EXPECT_EQ(record.FirstEntry(key + 1), kWrongKey) << type;
         EXPECT_EQ(record.FirstEntry(key), kNoLines) << type;
         record.ParseLine(nullptr);
@@ -383,7 +384,7 @@ TEST_F(EntryRecord, ItemsOfARecordWithoutLinesAreTold) {
 TEST_F(EntryRecord, TheFirstEntryIsWrittenIntoARecordWithoutLines) {
     COpenRecords records;
     ASSERT_EQ(records.LoadTable(G1Table().Write(m_Folder.PathOf("g1.table")).c_str(), 3, 2), 0);
-    CRecord& record = records.AddWithoutLines("G1");
+    const CRecord& record = records.AddWithoutLines("G1");
     EXPECT_EQ(records.WriteItem(12015, "one/1"), 0);
     ASSERT_EQ(record.GetLineCount(), 1);
     EXPECT_EQ(std::string(record.GetLine(0)).substr(7, 40), Padded("one", 30) + Amount("1.00"));
@@ -844,7 +845,7 @@ TEST_F(LongLine, FZNeverGrowsASecondLine) {
         EXPECT_EQ(Record("FZ").GetLine(0), full);
         EXPECT_EQ(Cursor("FZ"), CPlace(0, 524));
     }
-    EXPECT_EQ(Record("FZ").AppendContinuationLine(261), 0);
+    EXPECT_EQ(CRecordAccess(Record("FZ")).AppendContinuationLine(261), 0);
     EXPECT_EQ(Record("FZ").GetLineCount(), 1);
     EXPECT_EQ(Cursor("FZ"), CPlace(0, 524));
 }
@@ -1052,7 +1053,7 @@ TEST_F(EntryRecord, RecordsOfUnknownTypesAnswerMinus62AndKeepTheirLines) {
     Read(CRecordBuilder().Add("QQ", "what it held").Add("QQ", "again"));
     ASSERT_EQ(m_Records.GetRecordCount(), 2);
     const std::string before = Written();
-    CRecord& record = Record("UNKNOWN");
+    CRecordAccess record = Record("UNKNOWN");
     const CItemDef definition;
     std::string_view text = "untouched";
     EXPECT_EQ(record.FirstEntry(1), kNoLayout);
@@ -1121,10 +1122,10 @@ TEST_F(ListType, AllOtherOperationsAreNotThere) {
     CGuardBuffer text(40);
     EXPECT_EQ(m_Records.HardReadDynItem(1005, text.Data(), text.Size()), kNotSupported);
     EXPECT_EQ(m_Records.HardWriteDynItem(1005, "a/b"), kNotSupported);
-    EXPECT_EQ(Record("X1").FindFirst(1005, ""), kNotSupported);
-    EXPECT_EQ(Record("X1").FindNext(1005, ""), kNotSupported);
-    EXPECT_EQ(Record("X1").PostRead(), -2);
-    EXPECT_EQ(Record("X1").PrepareWrite(), 0);
+    EXPECT_EQ(CRecordAccess(Record("X1")).FindFirst(1005, ""), kNotSupported);
+    EXPECT_EQ(CRecordAccess(Record("X1")).FindNext(1005, ""), kNotSupported);
+    EXPECT_EQ(CRecordAccess(Record("X1")).PostRead(), -2);
+    EXPECT_EQ(CRecordAccess(Record("X1")).PrepareWrite(), 0);
     EXPECT_TRUE(text.IsUntouched());
 }
 

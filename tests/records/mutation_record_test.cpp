@@ -6,6 +6,7 @@
 
 #include "support/guard_buffer.h"
 #include "support/mutation_cells.h"
+#include "support/record_access.h"
 #include "support/record_set_test.h"
 
 namespace {
@@ -178,8 +179,8 @@ TEST_P(MutationRecord, RecordsReadWithoutAFixUpAreParsedWhenAnEntryIsAskedFor) {
 
 TEST_P(MutationRecord, TheFixUpsReturn0) {
     ReadCells({Line({kE, kEm})});
-    EXPECT_EQ(Record(Type().Name).PostRead(), 0);
-    EXPECT_EQ(Record(Type().Name).PrepareWrite(), 0);
+    EXPECT_EQ(CRecordAccess(Record(Type().Name)).PostRead(), 0);
+    EXPECT_EQ(CRecordAccess(Record(Type().Name)).PrepareWrite(), 0);
 }
 
 // --- What a cell is -------------------------------------------------------------------------------------------------
@@ -780,8 +781,8 @@ TEST_P(UnparsedMutationRecord, AnswersEveryEntryAndMutationOperationWithMinus100
 }
 
 TEST_P(UnparsedMutationRecord, AnswersTheFixUpAfterReadingFirstWithMinus1ThenWithMinus100) {
-    EXPECT_EQ(Record(Type().Name).PostRead(), -1);
-    EXPECT_EQ(Record(Type().Name).PostRead(), -100);
+    EXPECT_EQ(CRecordAccess(Record(Type().Name)).PostRead(), -1);
+    EXPECT_EQ(CRecordAccess(Record(Type().Name)).PostRead(), -100);
 }
 
 TEST_P(UnparsedMutationRecord, IsSavedAsItIs) {

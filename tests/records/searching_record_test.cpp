@@ -10,6 +10,7 @@
 #include "core/all_records.h"
 #include "records/searching_record.h"
 #include "support/guard_buffer.h"
+#include "support/record_access.h"
 #include "support/record_set_test.h"
 
 namespace {
@@ -246,7 +247,7 @@ TEST_P(Searching, WithoutALayoutTheSearchEnds) {
 
 TEST_P(Searching, ItemThenLinesThenDefinitionAreLookedAt) {
     tabvex::CRecordContext context;
-    tabvex::CDynamicRecord record(*tabvex::GroupRowsOf(Type().Type).Begin, context);
+    COpenRecord<tabvex::CDynamicRecord> record(*tabvex::GroupRowsOf(Type().Type).Begin, context);
     EXPECT_EQ(record.FindFirst(Type().Key, "a"), kNoLines);
     EXPECT_EQ(record.FindNext(Type().Second, "a"), kNoLines);
     EXPECT_EQ(record.FindFirst(Type().Key - 10, "a"), kWrongItem);

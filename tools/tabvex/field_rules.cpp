@@ -2,16 +2,14 @@
 
 #include <algorithm>
 
-#include "exit_status.h"
 #include "field_value.h"
+#include "tabvex/result_codes.h"
 #include "text_layout.h"
 
 namespace tabvex::tool {
 
 namespace {
 
-constexpr const char* kScratchType = "T0";
-constexpr int kScratchSize = 129;
 constexpr std::size_t kMostValues = 12; // of a list, in a message
 constexpr std::size_t kIsoMonth = 7;    // characters of a date without its day
 
@@ -134,36 +132,16 @@ bool ReadTypedDate(const CItemDef& item, std::string_view value, std::string& da
            (item.DatePattern.find('D') == std::string::npos && ReadDate("YYYY-MM", value, date));
 }
 
-} // namespace
-
-std::string RangeText(const CItemRange& range) {
-    const std::string lower = range.LowerBound == "-inf" ? "" : range.LowerBound;
-    const std::string upper = range.UpperBound == "+inf" ? "" : range.UpperBound;
-    return (range.LowerKind == '=' ? "<" : "(") + lower + ";" + upper + (range.UpperKind == '=' ? ">" : ")");
+int Format(const CItemDef& item, std::string_view value, std::string& field) {
+    std::string text;
+    const int result = item.Length < 1 ? TABVEX_VALUE_DOES_NOT_FIT : item.FormatValue(value, text);
+    if (result == TABVEX_OK) {
+        field = PaddedField(item, text);
+    }
+    return result;
 }
 
-CFieldRules::CFieldRules() {
-    std::string line(kScratchSize, ' ');
-    if (m_Records.SetCompleteRecord(kScratchType, line.data(), kScratchSize) == TABVEX_OK) {
-        m_pScratch = m_Records.ExistRecord(kScratchType);
-    }
-    if (m_pScratch == nullptr) {
-        throw CToolError("the library cannot make a record");
-    }
-}
-
-CVerdict CFieldRules::Judge(const CItemDef& item, std::string_view field) {
-    const std::string padded = PaddedField(item, field);
-    if (ReadFieldValue(item, padded).Kind == EValueKind::Blank) {
-        return std::nullopt;
-    }
-    if (item.Format == 'N') {
-        return JudgeNumber(item, padded);
-    }
-    return item.Format == 'D' ? JudgeDate(item, padded) : JudgeText(item, padded);
-}
-
-CVerdict CFieldRules::JudgeText(const CItemDef& item, const std::string& field) {
+CVerdict JudgeText(const CItemDef& item, const std::string& field) {
     const std::string_view text = HasModifier(item, 'R') ? Trim(field) : TrimRight(field);
     const std::string* listed = FindValue(item, text);
     if (!item.Values.empty() && listed == nullptr) {
@@ -178,7 +156,7 @@ CVerdict CFieldRules::JudgeText(const CItemDef& item, const std::string& field) 
 }
 
 // The library keeps zeros in front of a number that it is given, and leaves out the one before a point.
-CVerdict CFieldRules::JudgeNumber(const CItemDef& item, const std::string& field) {
+CVerdict JudgeNumber(const CItemDef& item, const std::string& field) {
     CFieldNumber number;
     if (!ReadFieldNumber(item, field, number)) {
         return Broken(kNumberRule, "a number");
@@ -196,7 +174,7 @@ CVerdict CFieldRules::JudgeNumber(const CItemDef& item, const std::string& field
     return result == TABVEX_OK ? Broken(kLayoutRule, Quoted(expected)) : NumberVerdict(item, result, number.Value);
 }
 
-CVerdict CFieldRules::JudgeDate(const CItemDef& item, const std::string& field) {
+CVerdict JudgeDate(const CItemDef& item, const std::string& field) {
     if (!IsUsablePattern(item.DatePattern)) {
         return std::nullopt;
     }
@@ -212,25 +190,7 @@ CVerdict CFieldRules::JudgeDate(const CItemDef& item, const std::string& field) 
     return same ? std::nullopt : Broken(kLayoutRule, Quoted(expected));
 }
 
-CVerdict CFieldRules::LayOut(const CItemDef& item, std::string_view value, std::string& field) {
-    if (Trim(value).empty()) {
-        field = PaddedField(item, "");
-        return std::nullopt;
-    }
-    std::string laidOut;
-    CVerdict broken = item.Format == 'N'   ? LayOutNumber(item, value, laidOut)
-                      : item.Format == 'D' ? LayOutDate(item, value, laidOut)
-                                           : LayOutText(item, value, laidOut);
-    if (!broken) {
-        broken = Judge(item, laidOut);
-    }
-    if (!broken) {
-        field = PaddedField(item, laidOut);
-    }
-    return broken;
-}
-
-CVerdict CFieldRules::LayOutText(const CItemDef& item, std::string_view value, std::string& field) {
+CVerdict LayOutText(const CItemDef& item, std::string_view value, std::string& field) {
     value = TrimRight(value);
     const std::string* listed = FindValue(item, value);
     const int result = Format(item, listed == nullptr ? value : *listed, field);
@@ -243,14 +203,14 @@ CVerdict CFieldRules::LayOutText(const CItemDef& item, std::string_view value, s
                         Counted(static_cast<std::size_t>(std::max(item.Length, 0)), "character") + " at most");
 }
 
-CVerdict CFieldRules::LayOutNumber(const CItemDef& item, std::string_view value, std::string& field) {
+CVerdict LayOutNumber(const CItemDef& item, std::string_view value, std::string& field) {
     std::string number;
     return ReadTypedNumber(value, number) ? NumberVerdict(item, Format(item, number, field), number)
                                           : Broken(kNumberRule, "a number");
 }
 
 // A year that the item's two digits do not tell would come back as another one.
-CVerdict CFieldRules::LayOutDate(const CItemDef& item, std::string_view value, std::string& field) {
+CVerdict LayOutDate(const CItemDef& item, std::string_view value, std::string& field) {
     std::string date;
     if (!IsUsablePattern(item.DatePattern) || !ReadTypedDate(item, Trim(value), date) ||
         Format(item, date, field) != TABVEX_OK) {
@@ -261,25 +221,41 @@ CVerdict CFieldRules::LayOutDate(const CItemDef& item, std::string_view value, s
     return kept ? std::nullopt : Broken(kDateRule, "a date from 1951 to 2050, as the year has two digits");
 }
 
-// The scratch line has room for an item anywhere in an ordinary line.
-int CFieldRules::Format(const CItemDef& item, std::string_view value, std::string& field) {
-    const int lineLength = m_pScratch->GetLineLength();
-    if (item.Length < 1 || item.Length > lineLength) {
-        return TABVEX_VALUE_DOES_NOT_FIT;
+} // namespace
+
+std::string RangeText(const CItemRange& range) {
+    const std::string lower = range.LowerBound == "-inf" ? "" : range.LowerBound;
+    const std::string upper = range.UpperBound == "+inf" ? "" : range.UpperBound;
+    return (range.LowerKind == '=' ? "<" : "(") + lower + ";" + upper + (range.UpperKind == '=' ? ">" : ")");
+}
+
+CVerdict JudgeField(const CItemDef& item, std::string_view field) {
+    const std::string padded = PaddedField(item, field);
+    if (ReadFieldValue(item, padded).Kind == EValueKind::Blank) {
+        return std::nullopt;
     }
-    if (item.Position < 1 || item.Position - 1 + item.Length > lineLength) {
-        CItemDef inFront = item;
-        inFront.Position = 1;
-        return Format(inFront, value, field);
+    if (item.Format == 'N') {
+        return JudgeNumber(item, padded);
     }
-    const auto begin = static_cast<std::size_t>(item.Position - 1);
-    const auto length = static_cast<std::size_t>(item.Length);
-    static_cast<void>(m_pScratch->HardWrite(item, std::string(length, ' ')));
-    const int result = m_pScratch->WriteEntry(item.Number, item, value);
-    if (result == TABVEX_OK) {
-        field = std::string_view(m_pScratch->GetLine(0)).substr(begin, length);
+    return item.Format == 'D' ? JudgeDate(item, padded) : JudgeText(item, padded);
+}
+
+CVerdict LayOutField(const CItemDef& item, std::string_view value, std::string& field) {
+    if (Trim(value).empty()) {
+        field = PaddedField(item, "");
+        return std::nullopt;
     }
-    return result;
+    std::string laidOut;
+    CVerdict broken = item.Format == 'N'   ? LayOutNumber(item, value, laidOut)
+                      : item.Format == 'D' ? LayOutDate(item, value, laidOut)
+                                           : LayOutText(item, value, laidOut);
+    if (!broken) {
+        broken = JudgeField(item, laidOut);
+    }
+    if (!broken) {
+        field = PaddedField(item, laidOut);
+    }
+    return broken;
 }
 
 } // namespace tabvex::tool

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "tabvex/all_records.h"
+#include "tabvex/item_def.h"
 
 namespace tabvex::tool {
 
@@ -26,29 +26,13 @@ struct CBrokenRule {
     std::string Expected; ///< in the record file's code page
 };
 
-/// Values are laid out by the library itself, in a record of its own; so its checks and layout hold here as well.
-class CFieldRules {
-public:
-    CFieldRules();
+/// What is wrong with a field, the first thing only; a blank field is fine. Values are laid out by the library itself,
+/// so that its checks and layout hold here as well.
+std::optional<CBrokenRule> JudgeField(const CItemDef& item, std::string_view field);
 
-    /// What is wrong with a field, the first thing only; a blank field is fine.
-    std::optional<CBrokenRule> Judge(const CItemDef& item, std::string_view field);
-    /// Lays out a value as people write it: a text, a number like -12.5, a date like 2025-11-14 or in the item's own
-    /// pattern. A blank value gives a blank field. What is wrong with it, with `field` as it was.
-    std::optional<CBrokenRule> LayOut(const CItemDef& item, std::string_view value, std::string& field);
-
-private:
-    std::optional<CBrokenRule> JudgeText(const CItemDef& item, const std::string& field);
-    std::optional<CBrokenRule> JudgeNumber(const CItemDef& item, const std::string& field);
-    std::optional<CBrokenRule> JudgeDate(const CItemDef& item, const std::string& field);
-    std::optional<CBrokenRule> LayOutText(const CItemDef& item, std::string_view value, std::string& field);
-    std::optional<CBrokenRule> LayOutNumber(const CItemDef& item, std::string_view value, std::string& field);
-    std::optional<CBrokenRule> LayOutDate(const CItemDef& item, std::string_view value, std::string& field);
-    int Format(const CItemDef& item, std::string_view value, std::string& field);
-
-    CAllRecordsEx m_Records;
-    CRecord* m_pScratch = nullptr; // a list record, of one line
-};
+/// Lays out a value as people write it: a text, a number like -12.5, a date like 2025-11-14 or in the item's own
+/// pattern. A blank value gives a blank field. What is wrong with it, with `field` as it was.
+std::optional<CBrokenRule> LayOutField(const CItemDef& item, std::string_view value, std::string& field);
 
 /// A range as descriptors write it, "<0;9999>"; an open bound is left out.
 std::string RangeText(const CItemRange& range);

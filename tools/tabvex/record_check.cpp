@@ -155,14 +155,13 @@ private:
         ++m_Result.FieldCount;
         const std::string_view field =
             raw.substr(static_cast<std::size_t>(offset), static_cast<std::size_t>(item.Length));
-        if (auto broken = m_Rules.Judge(item, field)) {
+        if (auto broken = JudgeField(item, field)) {
             m_Result.Findings.push_back({LineNumber(index, line), offset + 1, item.Number, broken->Rule,
                                          std::string(field), std::move(broken->Expected)});
         }
     }
 
     CShowSource& m_Source;
-    CFieldRules m_Rules;
     CRecordFindings m_Result;
 };
 

@@ -149,7 +149,7 @@ private:
         } catch (const CToolError& error) {
             Refuse(change.Place, shown + error.what());
         }
-        if (const auto broken = m_Rules.LayOut(*change.Place.Item, value, change.New)) {
+        if (const auto broken = LayOutField(*change.Place.Item, value, change.New)) {
             Refuse(change.Place,
                    shown + broken->Rule + ", expected " + m_Source.GetDecoder().ToShown(broken->Expected));
         }
@@ -255,7 +255,6 @@ private:
     const CSetOptions& m_Options;
     CShowSource m_Source;
     CTextEncoder m_Encoder;
-    CFieldRules m_Rules;
     std::vector<CChange> m_Changes;
     CLines m_Lines; // changed ones, by their number in the file
 };
