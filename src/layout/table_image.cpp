@@ -12,7 +12,9 @@ namespace tabvex {
 namespace {
 
 constexpr std::string_view kDataPrefix = "DATA_";
-constexpr std::size_t kUsualText = std::size_t{120} << 10;
+// More than most tables have, so that the allocator, which goes by the largest piece that was freed, does not give the
+// memory back to the system after each table only to fetch it again.
+constexpr std::size_t kUsualText = std::size_t{256} << 10;
 constexpr std::size_t kUsualLines = 3000;
 constexpr std::size_t kUsualHeads = 400;
 
