@@ -151,7 +151,7 @@ public:
     // Operations by item number return TABVEX_NO_TABLE, TABVEX_NO_RECORD (no record object of the item's type; for
     // writes: the type has no class) and TABVEX_ITEM_UNKNOWN before anything else. Reads work on the existing record;
     // writes create the record, with a blank line and its defaults, when it is missing. All codes of the record type's
-    // entry operations are passed on: TABVEX_ITEM_NO_LINE, TABVEX_ITEM_NO_ACCESS, TABVEX_ENTRY_... and so on.
+    // entry operations are passed on: TABVEX_ITEM_NO_LINE, TABVEX_ENTRY_... and so on.
 
     /// Copies the item's text, padded to its full length as the record holds it, into `buffer` of `size` characters,
     /// terminator included. In OEM mode the text is converted to ANSI. TABVEX_OK; TABVEX_TEXT_CUT: `size` - 1

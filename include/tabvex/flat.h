@@ -10,8 +10,8 @@
  *   a function are its own.
  * - Functions by item number select record type and field by it. Beside their own codes they give TABVEX_NO_TABLE
  *   before a table was loaded (FindFirst() TABVEX_FIND_NO_TYPE), TABVEX_NO_RECORD without a record of the type,
- * TABVEX_ITEM_UNKNOWN for an item that the table does not have, and what else the type's entry operations answer:
- * TABVEX_ITEM_NO_LINE, TABVEX_ITEM_NO_ACCESS, TABVEX_ENTRY_... .
+ *   TABVEX_ITEM_UNKNOWN for an item that the table does not have, and what else the type's entry operations answer:
+ *   TABVEX_ITEM_NO_LINE, TABVEX_ENTRY_... .
  * - Null pointers give TABVEX_BAD_ARGUMENT. TABVEX_INTERNAL_FAILURE: out of memory.
  * - Texts end with a NUL. Buffers are given with their size in characters, NUL included, where nothing else is said.
  *   TABVEX_TEXT_CUT: the text is longer; as much as fits was copied.

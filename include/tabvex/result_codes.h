@@ -144,7 +144,7 @@ enum {
     /* operations: item reads, item writes, overwrites */
     TABVEX_ITEM_WRONG_FORMAT = -50, /**< the item's format letter is not the one the operation takes */
     /* operations: ReadCharItem, number reads, ReadDateItem, WriteCharItem, number writes, WriteDateItem */
-    TABVEX_ITEM_NO_ACCESS = -62, /**< the record type has no item access */
+    TABVEX_ITEM_NO_ACCESS = -62, /**< the record is of an unknown type; no item number leads to one */
 
     /* --- Values on their way into and out of a field --- */
 

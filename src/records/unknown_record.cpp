@@ -18,11 +18,11 @@ int CUnknownRecord::NextEntry(int /*item*/) {
 }
 
 int CUnknownRecord::ReadEntryItem(int /*item*/, const CItemDef& /*definition*/, std::string_view& /*text*/) {
-    return TABVEX_ENTRY_NO_LAYOUT;
+    return TABVEX_ITEM_NO_ACCESS;
 }
 
 int CUnknownRecord::WriteEntry(int /*item*/, const CItemDef& /*definition*/, std::string_view /*value*/) {
-    return TABVEX_ENTRY_NO_LAYOUT;
+    return TABVEX_ITEM_NO_ACCESS;
 }
 
 } // namespace tabvex
