@@ -82,11 +82,6 @@ protected:
 
     /// The characters of a line that are saved.
     std::string Line(const char* type, int index) { return std::string(Record(type).GetLine(index)).substr(0, 128); }
-
-    int ReadResult(int item) {
-        CGuardBuffer text(700);
-        return m_Records.ReadItem(item, text.Data(), text.Size());
-    }
 };
 
 std::string Amount(const std::string& digits) {
@@ -494,14 +489,18 @@ TEST_F(EntryRecord, ANulEndsOnlyTheItemItStandsIn) {
     EXPECT_EQ(Item(14300), "4");
 }
 
-TEST_F(EntryRecord, AnItemWhosePositionIsBelow1ReadsAsNothingAndIsNotWritten) {
-    for (const int position : {0, -1, -128, -2147483647 - 1}) {
-        SCOPED_TRACE(position);
+class ItemOutsideTheLine : public EntryRecord {
+protected:
+    // A list type, an entry type and a type without groups each get an item at the position; 1005 lies at `second`.
+    void ReadWithItemsAt(int position, int second) {
         CTableBuilder table = G1Table();
-        table.Item(12003, 4, position, "C").Section("X1").Item(1000, 4, position, "C").Item(1005, 4, 3, "C");
+        table.Item(12003, 4, position, "C").Section("X1").Item(1000, 4, position, "C").Item(1005, 4, second, "C");
         table.Section("G5").Item(15150, 4, 8, "C").Item(15000, 4, position, "C");
         Load(table);
-        Read(CRecordBuilder().Add("X1").Put(2, "abcd").Add("G1").Put(7, "name").Add("G5").Put(7, "text"));
+        Read(CRecordBuilder().Add("X1").Put(124, "abcd").Add("G1").Put(7, "name").Add("G5").Put(7, "text"));
+    }
+
+    void ExpectNothingReadOrWritten() {
         const std::string before = Written();
         for (const int item : {1000, 12003, 15000}) {
             EXPECT_EQ(Item(item), "") << item;
@@ -511,24 +510,21 @@ TEST_F(EntryRecord, AnItemWhosePositionIsBelow1ReadsAsNothingAndIsNotWritten) {
         EXPECT_EQ(m_Records.WriteItem(1000, "wxyz"), 0);
         EXPECT_EQ(Written(), before);
     }
+};
+
+TEST_F(ItemOutsideTheLine, ReadsAsNothingAndIsNotWrittenBelowPosition1) {
+    for (const int position : {0, -1, -128, -2147483647 - 1}) {
+        SCOPED_TRACE(position);
+        ReadWithItemsAt(position, 3);
+        ExpectNothingReadOrWritten();
+    }
 }
 
-TEST_F(EntryRecord, AnItemBehindTheLineReadsAsNothingAndIsNotWritten) {
+TEST_F(ItemOutsideTheLine, ReadsAsNothingAndIsNotWrittenBehindTheLine) {
     for (const int position : {129, 130, 131, 132, 1000, 2147483647}) {
         SCOPED_TRACE(position);
-        CTableBuilder table = G1Table();
-        table.Item(12003, 4, position, "C").Section("X1").Item(1000, 4, position, "C").Item(1005, 4, 126, "C");
-        table.Section("G5").Item(15150, 4, 8, "C").Item(15000, 4, position, "C");
-        Load(table);
-        Read(CRecordBuilder().Add("X1").Put(124, "abcd").Add("G1").Put(7, "name").Add("G5").Put(7, "text"));
-        const std::string before = Written();
-        for (const int item : {1000, 12003, 15000}) {
-            EXPECT_EQ(Item(item), "") << item;
-            EXPECT_EQ(m_Records.HardWriteItem(item, "wxyz"), 0) << item;
-            EXPECT_EQ(m_Records.ClearItem(item), 0) << item;
-        }
-        EXPECT_EQ(m_Records.WriteItem(1000, "wxyz"), 0);
-        EXPECT_EQ(Written(), before);
+        ReadWithItemsAt(position, 126);
+        ExpectNothingReadOrWritten();
         EXPECT_EQ(Item(1005), "bcd"); // what of it lies in the line
         EXPECT_EQ(m_Records.WriteItem(1005, "1234"), 0);
         EXPECT_EQ(Line("X1", 0).substr(124), "a123");

@@ -33,25 +33,7 @@ protected:
         return CellLine(Header(), cells, last);
     }
 
-    /// Reads a file of these lines; none of them gets a marker in a save.
-    void ReadCells(const std::vector<std::string>& lines) {
-        CRecordBuilder records;
-        for (const std::string& line : lines) {
-            records.Add(Type().Name).Put(0, line);
-        }
-        Read(records);
-        ASSERT_EQ(m_Records.SetRecNums("*", 0), 0);
-    }
-
-    /// The lines as a save writes them.
-    std::vector<std::string> SavedLines() {
-        const std::string text = Written();
-        std::vector<std::string> lines;
-        for (std::size_t begin = 0; begin < text.size(); begin += 128) {
-            lines.push_back(text.substr(begin, 128));
-        }
-        return lines;
-    }
+    void ReadCells(const std::vector<std::string>& lines) { ReadUnnumbered(Type().Name, lines); }
 
     int First() { return m_Records.ReadFirst(Key()); }
     int Next() { return m_Records.ReadNext(Key()); }
@@ -62,10 +44,7 @@ protected:
     int Count() { return (m_Records.*Type().Count)(); }
     std::string Mutation(int index) { return ReadMutation(m_Records, Type(), index); }
 
-    int ReadResult(int number) {
-        CGuardBuffer text(20);
-        return m_Records.ReadItem(Number(number), text.Data(), text.Size());
-    }
+    int ReadResult(int number) { return RecordSetTest::ReadResult(Number(number)); }
 
     /// The second field of every entry, after stepping over all of them.
     std::vector<std::string> Names() {
@@ -365,7 +344,7 @@ TEST_P(MutationRecord, TheDefaultTmHasTwoTexts) {
 TEST_P(MutationRecord, ANewRecordGrowsByTheEntriesWritten) {
     EXPECT_EQ(Write("E/aaaa/10/1/abc"), 0);
     EXPECT_EQ(Write("LE/bbbb/20/2/d"), 0);
-    EXPECT_THAT(SavedLines(), ElementsAre(CellLine(Padded(Type().Name, 7), {kE, kLe})));
+    EXPECT_THAT(WrittenLines(), ElementsAre(CellLine(Padded(Type().Name, 7), {kE, kLe})));
 }
 
 TEST_P(MutationRecord, ANewRecordHasNoEntry) {
@@ -383,7 +362,7 @@ TEST_P(MutationRecord, AnEntryIsWrittenByTheKeyItemWithFiveParts) {
     for (const char* value : {"", "LE", "LE/b", "LE/bbbb/20/2", "LE/bbbb/20/2/d/", "/////"}) {
         EXPECT_EQ(Write(value), -7) << value;
     }
-    EXPECT_THAT(SavedLines(), ElementsAre(Line({kE})));
+    EXPECT_THAT(WrittenLines(), ElementsAre(Line({kE})));
 }
 
 TEST_P(MutationRecord, PartsAreSplitAtTheDelimiterOfTheRecordSet) {
@@ -391,14 +370,14 @@ TEST_P(MutationRecord, PartsAreSplitAtTheDelimiterOfTheRecordSet) {
     ReadCells({Line({})});
     EXPECT_EQ(Write("E/a/10/1/b"), -7);
     EXPECT_EQ(Write("E;a/b;10;1;c/d"), 0);
-    EXPECT_THAT(SavedLines(), ElementsAre(Line({PositionCell("E", "a/b", "  10", "1", "c/d")})));
+    EXPECT_THAT(WrittenLines(), ElementsAre(Line({PositionCell("E", "a/b", "  10", "1", "c/d")})));
 }
 
 TEST_P(MutationRecord, WritingReplacesTheEntryAtTheWritePositionAndKeepsItsMutations) {
     ReadCells({Line({kE, kEm, kTm, kI})});
     EXPECT_EQ(Write("LE/bbbb/20/2/d"), 0);
     EXPECT_EQ(Count(), 2);
-    EXPECT_THAT(SavedLines(), ElementsAre(Line({kLe, kEm, kTm, kI})));
+    EXPECT_THAT(WrittenLines(), ElementsAre(Line({kLe, kEm, kTm, kI})));
 }
 
 TEST_P(MutationRecord, TheWrittenEntryIsCurrentAndTheNextWriteGoesBehindIt) {
@@ -412,23 +391,23 @@ TEST_P(MutationRecord, TheWrittenEntryIsCurrentAndTheNextWriteGoesBehindIt) {
     EXPECT_EQ(Write("E/aaaa/10/1/abc"), 0);
     EXPECT_EQ(Item(Number(30)), "aaaa");
     EXPECT_EQ(Count(), 0);
-    EXPECT_THAT(SavedLines(),
+    EXPECT_THAT(WrittenLines(),
                 ElementsAre(Line({kLe, kEm, PositionCell("I", "cccc", "  10", "1", "abc"), kIm, kBm, kE})));
 }
 
 TEST_P(MutationRecord, ABlankPartLeavesTheFieldOfTheEntryReplaced) {
     ReadCells({Line({kE})});
     EXPECT_EQ(Write("/zz/ / /"), 0);
-    EXPECT_THAT(SavedLines(), ElementsAre(Line({PositionCell("E", "zz", "  10", "1", "abc")})));
+    EXPECT_THAT(WrittenLines(), ElementsAre(Line({PositionCell("E", "zz", "  10", "1", "abc")})));
 }
 
 TEST_P(MutationRecord, APartThatFailsLeavesItsFieldAndTheLastFailureIsReturned) {
     ReadCells({Line({kE})});
     EXPECT_EQ(Write("I/zzzzz/x/2/y"), -66);
-    EXPECT_THAT(SavedLines(), ElementsAre(Line({PositionCell("I", "aaaa", "  10", "2", "y")})));
+    EXPECT_THAT(WrittenLines(), ElementsAre(Line({PositionCell("I", "aaaa", "  10", "2", "y")})));
     EXPECT_EQ(First(), 0);
     EXPECT_EQ(Write("QQ/1111/7/9/"), -55);
-    EXPECT_THAT(SavedLines(), ElementsAre(Line({PositionCell("I", "1111", "   7", "2", "y")})));
+    EXPECT_THAT(WrittenLines(), ElementsAre(Line({PositionCell("I", "1111", "   7", "2", "y")})));
     EXPECT_EQ(First(), 0);
     EXPECT_EQ(Write("//12345//zzzz"), -45);
 }
@@ -440,7 +419,7 @@ TEST_P(MutationRecord, ANewEntryNeedsARepairMethod) {
     EXPECT_EQ(Write("QQ/aaaa/10/1/abc"), -55);
     EXPECT_EQ(Write("LEEE/aaaa/10/1/abc"), -55);
     EXPECT_EQ(First(), -5);
-    EXPECT_THAT(SavedLines(), ElementsAre(Line({})));
+    EXPECT_THAT(WrittenLines(), ElementsAre(Line({})));
 }
 
 TEST_P(MutationRecord, ANewEntryNeedsARepairMethodEvenWhenItsItemTakesAnyText) {
@@ -457,14 +436,14 @@ TEST_P(MutationRecord, ANewEntryNeedsARepairMethodEvenWhenItsItemTakesAnyText) {
     EXPECT_EQ(Write("  /aaaa/10/1/abc"), -55);
     EXPECT_EQ(First(), -5);
     EXPECT_EQ(Write("E/aaaa/10/1/abc"), 0);
-    EXPECT_THAT(SavedLines(), ElementsAre(Line({PositionCell("E", "aaaa", "10", "1", "abc")})));
+    EXPECT_THAT(WrittenLines(), ElementsAre(Line({PositionCell("E", "aaaa", "10", "1", "abc")})));
 }
 
 TEST_P(MutationRecord, ANewEntryIsAddedWithoutThePartsThatFail) {
     ReadCells({Line({})});
     EXPECT_EQ(Write("E/aaaa/x/1/abc"), -66);
     EXPECT_THAT(Names(), ElementsAre("aaaa"));
-    EXPECT_THAT(SavedLines(), ElementsAre(Line({PositionCell("E", "aaaa", "", "1", "abc")})));
+    EXPECT_THAT(WrittenLines(), ElementsAre(Line({PositionCell("E", "aaaa", "", "1", "abc")})));
 }
 
 TEST_P(MutationRecord, WritingAfterTheLastEntryAppends) {
@@ -473,7 +452,7 @@ TEST_P(MutationRecord, WritingAfterTheLastEntryAppends) {
     EXPECT_EQ(Next(), -5);
     EXPECT_EQ(Write("LE/bbbb/20/2/d"), 0);
     EXPECT_EQ(Write("I/cccc///"), 0);
-    EXPECT_THAT(SavedLines(), ElementsAre(Line({kE, kEm, kLe, kI})));
+    EXPECT_THAT(WrittenLines(), ElementsAre(Line({kE, kEm, kLe, kI})));
 }
 
 TEST_P(MutationRecord, StepsMoveTheWritePosition) {
@@ -483,8 +462,8 @@ TEST_P(MutationRecord, StepsMoveTheWritePosition) {
     EXPECT_EQ(Write("I/cccc/30/2/z"), 0);
     EXPECT_EQ(Next(), 0);
     EXPECT_EQ(Write("LE/bbbb/20/2/d"), 0);
-    EXPECT_THAT(SavedLines(), ElementsAre(Line({kE, PositionCell("I", "cccc", "  30", "2", "z"),
-                                                PositionCell("LE", "bbbb", "  20", "2", "d")})));
+    EXPECT_THAT(WrittenLines(), ElementsAre(Line({kE, PositionCell("I", "cccc", "  30", "2", "z"),
+                                                  PositionCell("LE", "bbbb", "  20", "2", "d")})));
     ASSERT_EQ(First(), 0);
     EXPECT_EQ(Write("LE/bbbb/20/2/d"), 0);
     EXPECT_THAT(Names(), ElementsAre("bbbb", "cccc", "bbbb"));
@@ -493,7 +472,7 @@ TEST_P(MutationRecord, StepsMoveTheWritePosition) {
 TEST_P(MutationRecord, NumberItemsAreLaidOutAndTextsPadded) {
     ReadCells({Line({})});
     EXPECT_EQ(Write("ET/x/7/2/y"), 0);
-    EXPECT_THAT(SavedLines(), ElementsAre(Line({PositionCell("ET", "x", "   7", "2", "y")})));
+    EXPECT_THAT(WrittenLines(), ElementsAre(Line({PositionCell("ET", "x", "   7", "2", "y")})));
 }
 
 TEST_P(MutationRecord, WriteDynIsNotSupported) {
@@ -524,20 +503,20 @@ TEST_P(MutationRecord, LinesThatWereNotChangedStayByteForByte) {
     expected[0][6] = '1';
     expected[1][6] = '2';
     expected[2][6] = '3';
-    EXPECT_EQ(SavedLines(), expected);
+    EXPECT_EQ(WrittenLines(), expected);
 }
 
 TEST_P(MutationRecord, AfterAChangeEntriesFollowWithoutGaps) {
     ReadCells({Line({kBlank, kE, kBlank, kEm, kBlank, kLe}), Line({kBlank, kI, kTm})});
     EXPECT_EQ(Add("IM/3"), 0);
-    EXPECT_THAT(SavedLines(), ElementsAre(Line({kE, kEm, kIm, kLe, kI, kTm}), Line({})));
+    EXPECT_THAT(WrittenLines(), ElementsAre(Line({kE, kEm, kIm, kLe, kI, kTm}), Line({})));
 }
 
 TEST_P(MutationRecord, AfterAChangeEveryLineHasTheHeaderOfTheFirst) {
     ReadCells({CellLine(Header("0001 "), {kE, kE, kE, kE, kE, kE, kE, kE}, 'p'), CellLine(Header("0002 "), {kE}, 'q'),
                CellLine(Header("0003 "), {}, 'r')});
     EXPECT_EQ(Add("EM/12.5"), 0);
-    EXPECT_THAT(SavedLines(),
+    EXPECT_THAT(WrittenLines(),
                 ElementsAre(CellLine(Header("0001 "), {kE, kEm, kE, kE, kE, kE, kE, kE}, 'p'),
                             CellLine(Header("0001 "), {kE, kE}, 'q'), CellLine(Header("0001 "), {}, 'r')));
 }
@@ -548,20 +527,20 @@ TEST_P(MutationRecord, SkippedCellsKeepTheirPlaceBehindTheEntryTheyFollowed) {
     const std::string q3 = AmountCell("Q3", "3");
     ReadCells({Line({kEm, q1, kE, q2, kEm, q3, kLe})});
     EXPECT_EQ(Add("IM/3"), 0);
-    EXPECT_THAT(SavedLines(), ElementsAre(Line({kEm, q1, kE, kEm, kIm, q2, q3, kLe})));
+    EXPECT_THAT(WrittenLines(), ElementsAre(Line({kEm, q1, kE, kEm, kIm, q2, q3, kLe})));
 }
 
 TEST_P(MutationRecord, AFourthMutationOfAFileIsKeptBehindItsEntry) {
     ReadCells({Line({kE, kEm, kIm, kBm, kTm, kLe})});
     EXPECT_EQ(DeleteOne("IM"), 0);
-    EXPECT_THAT(SavedLines(), ElementsAre(Line({kE, kEm, kBm, kTm, kLe})));
+    EXPECT_THAT(WrittenLines(), ElementsAre(Line({kE, kEm, kBm, kTm, kLe})));
 }
 
 TEST_P(MutationRecord, LinesAreAddedAsNeededWithTheHeaderOfTheFirst) {
     ReadCells({CellLine(Header("0001 "), {kE, kE, kE, kE, kE, kE, kE, kE}, 'p')});
     EXPECT_EQ(Add("EM/12.5"), 0);
-    EXPECT_THAT(SavedLines(), ElementsAre(CellLine(Header("0001 "), {kE, kEm, kE, kE, kE, kE, kE, kE}, 'p'),
-                                          CellLine(Header("0001 "), {kE})));
+    EXPECT_THAT(WrittenLines(), ElementsAre(CellLine(Header("0001 "), {kE, kEm, kE, kE, kE, kE, kE, kE}, 'p'),
+                                            CellLine(Header("0001 "), {kE})));
 }
 
 TEST_P(MutationRecord, LinesAreNeverRemovedAndCellsNoLongerUsedBecomeBlank) {
@@ -569,24 +548,24 @@ TEST_P(MutationRecord, LinesAreNeverRemovedAndCellsNoLongerUsedBecomeBlank) {
     EXPECT_EQ(DeleteAll(), 3);
     EXPECT_EQ(Next(), 0);
     EXPECT_EQ(DeleteAll(), 3);
-    EXPECT_THAT(SavedLines(), ElementsAre(Line({kE, kE, kLe, kTm}, 'p'), Line({}, 'q')));
+    EXPECT_THAT(WrittenLines(), ElementsAre(Line({kE, kE, kLe, kTm}, 'p'), Line({}, 'q')));
 }
 
 TEST_P(MutationRecord, TheMarkerIsSetAfterTheHeaderWasRepeated) {
     ReadCells({CellLine(Header("0001x"), {kE, kE, kE, kE, kE, kE, kE, kE}), CellLine(Header("0001y"), {kE})});
     ASSERT_EQ(m_Records.SetRecNums("*", 1), 0);
     EXPECT_EQ(Add("EM/12.5"), 0);
-    EXPECT_THAT(SavedLines(), ElementsAre(CellLine(Header("00011"), {kE, kEm, kE, kE, kE, kE, kE, kE}),
-                                          CellLine(Header("00013"), {kE, kE})));
+    EXPECT_THAT(WrittenLines(), ElementsAre(CellLine(Header("00011"), {kE, kEm, kE, kE, kE, kE, kE, kE}),
+                                            CellLine(Header("00013"), {kE, kE})));
 }
 
 TEST_P(MutationRecord, ChangesOfTheHeaderReachEveryLineOnceAnEntryIsChanged) {
     ReadCells({CellLine(Header("0001 "), {kE}), CellLine(Header("0002 "), {kE})});
     EXPECT_EQ(First(), 0);
     EXPECT_EQ(m_Records.HardWriteItem(Number(5), "0009"), 0);
-    EXPECT_THAT(SavedLines(), ElementsAre(CellLine(Header("0009 "), {kE}), CellLine(Header("0002 "), {kE})));
+    EXPECT_THAT(WrittenLines(), ElementsAre(CellLine(Header("0009 "), {kE}), CellLine(Header("0002 "), {kE})));
     EXPECT_EQ(Add("EM/12.5"), 0);
-    EXPECT_THAT(SavedLines(), ElementsAre(CellLine(Header("0009 "), {kE, kEm, kE}), CellLine(Header("0009 "), {})));
+    EXPECT_THAT(WrittenLines(), ElementsAre(CellLine(Header("0009 "), {kE, kEm, kE}), CellLine(Header("0009 "), {})));
 }
 
 TEST_P(MutationRecord, EntriesAndPositionSurviveASave) {
@@ -724,7 +703,7 @@ TEST_P(MutationRecord, ALineAddedIsParsedWithTheOthers) {
     EXPECT_EQ(Count(), 3);
     EXPECT_EQ(Mutation(3), "0: TM -1 'LA' 'two layers'");
     EXPECT_THAT(Names(), ElementsAre("aaaa", "bbbb"));
-    EXPECT_THAT(SavedLines(), ElementsAre(Line({kE, kEm, kIm}), Line({kTm, kLe})));
+    EXPECT_THAT(WrittenLines(), ElementsAre(Line({kE, kEm, kIm}), Line({kTm, kLe})));
 }
 
 TEST_P(MutationRecord, ARecordCreatedFromAWholeLineHasItsEntries) {
@@ -734,7 +713,7 @@ TEST_P(MutationRecord, ARecordCreatedFromAWholeLineHasItsEntries) {
     EXPECT_THAT(Names(), ElementsAre("aaaa", "bbbb"));
     EXPECT_EQ(First(), 0);
     EXPECT_EQ(Add("IM/3"), 0);
-    EXPECT_THAT(SavedLines(), ElementsAre(Line({kE, kEm, kIm, kLe})));
+    EXPECT_THAT(WrittenLines(), ElementsAre(Line({kE, kEm, kIm, kLe})));
 }
 
 TEST_P(MutationRecord, WholeLinesAreHandedOutWithPendingChanges) {
@@ -787,7 +766,7 @@ TEST_P(UnparsedMutationRecord, AnswersTheFixUpAfterReadingFirstWithMinus1ThenWit
 
 TEST_P(UnparsedMutationRecord, IsSavedAsItIs) {
     EXPECT_EQ(First(), -100);
-    EXPECT_THAT(SavedLines(), ElementsAre(Line({kE, kEm}), Padded(m_strShort)));
+    EXPECT_THAT(WrittenLines(), ElementsAre(Line({kE, kEm}), Padded(m_strShort)));
 }
 
 TEST_P(UnparsedMutationRecord, ALineWithANulIsNot128CharactersLong) {
@@ -918,7 +897,7 @@ TEST_P(MutationRecord, InOemModeEntriesAreConvertedOnTheirWay) {
     ReadCells({Line({})});
     EXPECT_EQ(Write("E/T\xFCr///"), 0);
     EXPECT_EQ(Item(Number(30)), "T\xFCr ");
-    EXPECT_THAT(SavedLines(), ElementsAre(Line({PositionCell("E", "T\x81r")})));
+    EXPECT_THAT(WrittenLines(), ElementsAre(Line({PositionCell("E", "T\x81r")})));
 }
 
 } // namespace

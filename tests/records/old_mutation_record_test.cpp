@@ -21,33 +21,12 @@ protected:
         return CellLine("X40001 ", cells, last);
     }
 
-    void ReadCells(const std::vector<std::string>& lines) {
-        CRecordBuilder records;
-        for (const std::string& line : lines) {
-            records.Add("X4").Put(0, line);
-        }
-        Read(records);
-        ASSERT_EQ(m_Records.SetRecNums("*", 0), 0);
-    }
-
-    std::vector<std::string> SavedLines() {
-        const std::string text = Written();
-        std::vector<std::string> lines;
-        for (std::size_t begin = 0; begin < text.size(); begin += 128) {
-            lines.push_back(text.substr(begin, 128));
-        }
-        return lines;
-    }
+    void ReadCells(const std::vector<std::string>& lines) { ReadUnnumbered("X4", lines); }
 
     int First() { return m_Records.ReadFirst(4025); }
     int Next() { return m_Records.ReadNext(4025); }
     int Write(const char* value) { return m_Records.WriteItem(4025, value); }
     std::string Mutation(int index) { return ReadMutation(m_Records, kX4, index); }
-
-    int ReadResult(int item) {
-        CGuardBuffer text(20);
-        return m_Records.ReadItem(item, text.Data(), text.Size());
-    }
 
     std::pair<int, int> Cursor() { return {Record("X4").GetCurrentLine(), Record("X4").GetCurrentOffset()}; }
 };
@@ -280,7 +259,7 @@ TEST_F(OldMutationRecord, AllOtherMutationOperationsAreNotSupported) {
     EXPECT_EQ(m_Records.DeleteOneX4Mutation("EM"), -1);
     EXPECT_EQ(m_Records.DeleteX4Mutations(), -1);
     EXPECT_EQ(m_Records.GetX4MutationCount(), -1);
-    EXPECT_THAT(SavedLines(), ElementsAre(Line({kE, kEm})));
+    EXPECT_THAT(WrittenLines(), ElementsAre(Line({kE, kEm})));
 }
 
 TEST_F(OldMutationRecord, ShortLinesAreReadAsFarAsTheyGo) {
@@ -303,7 +282,7 @@ TEST_F(OldMutationRecord, WritingFillsTheCellAtTheCursorAndMovesBehindIt) {
     EXPECT_EQ(Cursor(), std::pair(0, 22));
     EXPECT_EQ(Next(), 0);
     EXPECT_EQ(Write("I/cccc/30/1/zzz"), 0);
-    EXPECT_THAT(SavedLines(), ElementsAre(Line({kLe, kEm, PositionCell("I", "cccc", "  30", "1", "zzz")})));
+    EXPECT_THAT(WrittenLines(), ElementsAre(Line({kLe, kEm, PositionCell("I", "cccc", "  30", "1", "zzz")})));
 }
 
 TEST_F(OldMutationRecord, WritesFollowEachOtherIntoTheNextLine) {
@@ -313,8 +292,8 @@ TEST_F(OldMutationRecord, WritesFollowEachOtherIntoTheNextLine) {
         EXPECT_EQ(Write("LE/bbbb/20/2/d"), 0);
     }
     EXPECT_EQ(Cursor(), std::pair(1, 22));
-    EXPECT_THAT(SavedLines(), ElementsAre(CellLine("X40007 ", {kLe, kLe, kLe, kLe, kLe, kLe, kLe, kLe}, 'z'),
-                                          CellLine("X40007 ", {kLe})));
+    EXPECT_THAT(WrittenLines(), ElementsAre(CellLine("X40007 ", {kLe, kLe, kLe, kLe, kLe, kLe, kLe, kLe}, 'z'),
+                                            CellLine("X40007 ", {kLe})));
 }
 
 TEST_F(OldMutationRecord, WritingPastTheLastEntryAppendsALine) {
@@ -322,13 +301,13 @@ TEST_F(OldMutationRecord, WritingPastTheLastEntryAppendsALine) {
     EXPECT_EQ(First(), 0);
     EXPECT_EQ(Next(), -5);
     EXPECT_EQ(Write("LE/bbbb/20/2/d"), 0);
-    EXPECT_THAT(SavedLines(), ElementsAre(CellLine("X40007 ", {kE}, 'z'), CellLine("X40007 ", {kLe})));
+    EXPECT_THAT(WrittenLines(), ElementsAre(CellLine("X40007 ", {kE}, 'z'), CellLine("X40007 ", {kLe})));
 }
 
 TEST_F(OldMutationRecord, ANewRecordGrowsByTheEntriesWritten) {
     EXPECT_EQ(Write("E/aaaa/10/1/abc"), 0);
     EXPECT_EQ(Write("LE/bbbb/20/2/d"), 0);
-    EXPECT_THAT(SavedLines(), ElementsAre(CellLine("X4     ", {kE, kLe})));
+    EXPECT_THAT(WrittenLines(), ElementsAre(CellLine("X4     ", {kE, kLe})));
 }
 
 TEST_F(OldMutationRecord, AnEntryIsWrittenByTheKeyItemWithFiveParts) {
@@ -340,15 +319,15 @@ TEST_F(OldMutationRecord, AnEntryIsWrittenByTheKeyItemWithFiveParts) {
         EXPECT_EQ(Write(value), -7) << value;
     }
     EXPECT_EQ(Cursor(), std::pair(0, 7));
-    EXPECT_THAT(SavedLines(), ElementsAre(Line({kE})));
+    EXPECT_THAT(WrittenLines(), ElementsAre(Line({kE})));
 }
 
 TEST_F(OldMutationRecord, BlankPartsAndPartsThatFailLeaveTheirFields) {
     ReadCells({Line({kE, kE})});
     EXPECT_EQ(Write("/zz/ //"), 0);
     EXPECT_EQ(Write("QQ/zzzzz/x/2/y"), -66);
-    EXPECT_THAT(SavedLines(), ElementsAre(Line({PositionCell("E", "zz", "  10", "1", "abc"),
-                                                PositionCell("E", "aaaa", "  10", "2", "y")})));
+    EXPECT_THAT(WrittenLines(), ElementsAre(Line({PositionCell("E", "zz", "  10", "1", "abc"),
+                                                  PositionCell("E", "aaaa", "  10", "2", "y")})));
 }
 
 TEST_F(OldMutationRecord, ARawWriteGoesIntoTheLineAtTheCursor) {
@@ -359,7 +338,7 @@ TEST_F(OldMutationRecord, ARawWriteGoesIntoTheLineAtTheCursor) {
     EXPECT_EQ(Item(4030), "zzzz");
     EXPECT_EQ(Next(), -5);
     EXPECT_EQ(m_Records.HardWriteItem(4030, "yyyy"), 0);
-    EXPECT_THAT(SavedLines(), ElementsAre(Line({kE}), Line({PositionCell("LE", "yyyy", "  20", "2", "d")})));
+    EXPECT_THAT(WrittenLines(), ElementsAre(Line({kE}), Line({PositionCell("LE", "yyyy", "  20", "2", "d")})));
 }
 
 // --- Searching ------------------------------------------------------------------------------------------------------

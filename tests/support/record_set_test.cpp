@@ -2,6 +2,8 @@
 
 #include <stdexcept>
 
+#include "support/guard_buffer.h"
+
 RecordSetTest::RecordSetTest() {
     m_Records.SetCharacterSet("ANSI");
     Load(SmallTable());
@@ -30,6 +32,15 @@ void RecordSetTest::Load(const CTableBuilder& table) {
 
 void RecordSetTest::Read(const CRecordBuilder& records) {
     ASSERT_EQ(m_Records.ReadAllRecordsEx(records.Save(m_Folder.PathOf("records.rec")).c_str()), TABVEX_OK);
+}
+
+void RecordSetTest::ReadUnnumbered(const char* type, const std::vector<std::string>& lines) {
+    CRecordBuilder records;
+    for (const std::string& line : lines) {
+        records.Add(type).Put(0, line);
+    }
+    Read(records);
+    ASSERT_EQ(m_Records.SetRecNums("*", 0), TABVEX_OK);
 }
 
 void RecordSetTest::ReadLines(std::string_view text) {
@@ -70,8 +81,22 @@ std::string RecordSetTest::Item(int item) {
     return text;
 }
 
+int RecordSetTest::ReadResult(int item) {
+    CGuardBuffer text(700);
+    return m_Records.ReadItem(item, text.Data(), text.Size());
+}
+
 std::string RecordSetTest::Written() {
     std::string text(static_cast<std::size_t>(m_Records.WriteAllRecords(nullptr, 0, 0)), '\0');
     m_Records.WriteAllRecords(text.data(), static_cast<int>(text.size()), 0);
     return text;
+}
+
+std::vector<std::string> RecordSetTest::WrittenLines() {
+    const std::string text = Written();
+    std::vector<std::string> lines;
+    for (std::size_t begin = 0; begin < text.size(); begin += 128) {
+        lines.push_back(text.substr(begin, 128));
+    }
+    return lines;
 }

@@ -24,6 +24,8 @@ protected:
     void Load(const CTableBuilder& table);
     /// Reads the records with ReadAllRecordsEx; the test fails when that fails.
     void Read(const CRecordBuilder& records);
+    /// Reads a file of these lines of one type; none of them gets a marker in a save.
+    void ReadUnnumbered(const char* type, const std::vector<std::string>& lines);
     /// Reads a file of lines of any length.
     void ReadLines(std::string_view text);
 
@@ -35,8 +37,12 @@ protected:
     std::vector<std::string> LinesOf(const char* type);
     /// The item's text; the test fails when it cannot be read.
     std::string Item(int item);
+    /// What reading the item answers.
+    int ReadResult(int item);
     /// The whole record set as text, 128 characters a line, as a save would write it.
     std::string Written();
+    /// The same, line by line.
+    std::vector<std::string> WrittenLines();
 
     CTempFolder m_Folder;
     CAllRecordsEx m_Records;

@@ -9,31 +9,19 @@ using nlohmann::ordered_json;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
-// Layouts of a list type, of a type with entries of 17 characters, and of one made of cells.
-constexpr std::string_view kSections = "[DATA_X1]\n"
-                                       "1000|2|1|C|Record type\n"
-                                       "1005|4|3|N|Number\n"
-                                       "1020|10|8|C|Claim\n"
-                                       "[DATA_X2]\n"
-                                       "2000|2|1|C|Record type\n"
-                                       "2005|4|3|N|Number\n"
-                                       "2020|8|8|C|Code\n"
-                                       "2025|9|16|N|Price\n"
-                                       "[DATA_X4]\n"
-                                       "4000|2|1|C|Record type\n"
-                                       "4025|3|8|C,,,,,(\"E\";\"LE1\")\n"
-                                       "4030|4|11|C\n"
-                                       "4055|3|8|C,,,,,(\"EM\";\"WM\")\n"
-                                       "4060|12|11|N\n"
-                                       "[DATA_V1]\n"
-                                       "21005|2|1|C|Record type\n"
-                                       "21035|47|28|C|Report\n";
+constexpr std::string_view kCells = "[DATA_X4]\n"
+                                    "4000|2|1|C|Record type\n"
+                                    "4025|3|8|C,,,,,(\"E\";\"LE1\")\n"
+                                    "4030|4|11|C\n"
+                                    "4055|3|8|C,,,,,(\"EM\";\"WM\")\n"
+                                    "4060|12|11|N\n";
 
 class DiffCommand : public CToolTest {
 protected:
     CToolResult Diff(std::string_view a, std::string_view b, const std::vector<std::string>& options = {}) const {
-        std::vector<std::string> arguments = {"diff", Write("a.rec", a), Write("b.rec", b), "--table",
-                                              Write("x.table", std::string(kHeader).append(kSections))};
+        std::vector<std::string> arguments = {
+            "diff", Write("a.rec", a), Write("b.rec", b), "--table",
+            Write("x.table", std::string(kHeader).append(kListAndEntries).append(kCells).append(kReports))};
         arguments.insert(arguments.end(), options.begin(), options.end());
         return Run(arguments);
     }

@@ -11,19 +11,7 @@ using nlohmann::ordered_json;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
-// Layouts of a list type and of types with entries of 17 and 12 characters; the descriptions tell what is what.
-constexpr std::string_view kSections = "[DATA_X1]\n"
-                                       "1000|2|1|C|Record type\n"
-                                       "1005|4|3|N|Number\n"
-                                       "1020|10|8|C|Claim\n"
-                                       "[DATA_X2]\n"
-                                       "2000|2|1|C|Record type\n"
-                                       "2005|4|3|N|Number\n"
-                                       "2020|8|8|C|Code\n"
-                                       "2025|9|16|N|Price\n"
-                                       "[DATA_V1]\n"
-                                       "21005|2|1|C|Record type\n"
-                                       "21035|47|28|C|Report\n";
+const std::string kSections = std::string(kListAndEntries).append(kReports);
 
 class ShowCommand : public CToolTest {
 protected:

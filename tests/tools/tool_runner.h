@@ -57,4 +57,19 @@ inline constexpr std::string_view kHeader = "[HEADER]\n"
                                             "ID=test\nAUTHOR=tests\nCOUNTRY=D\nLANGUAGE=E\nDATE=2025-01-31\n"
                                             "VERSION=4.7\nDELIMITER=|\nCOMMENT=#\nNEWLINE=^\n";
 
+/// Layouts of a list type and of a type with entries of 17 characters; the descriptions tell what is what.
+inline constexpr std::string_view kListAndEntries = "[DATA_X1]\n"
+                                                    "1000|2|1|C|Record type\n"
+                                                    "1005|4|3|N|Number\n"
+                                                    "1020|10|8|C|Claim\n"
+                                                    "[DATA_X2]\n"
+                                                    "2000|2|1|C|Record type\n"
+                                                    "2005|4|3|N|Number\n"
+                                                    "2020|8|8|C|Code\n"
+                                                    "2025|9|16|N|Price\n";
+/// The layout of a type with entries of 12 characters.
+inline constexpr std::string_view kReports = "[DATA_V1]\n"
+                                             "21005|2|1|C|Record type\n"
+                                             "21035|47|28|C|Report\n";
+
 } // namespace tool_tests
