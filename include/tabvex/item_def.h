@@ -49,11 +49,13 @@ public:
     /// memory.
     int ParseFormat(const char* descriptor);
 
-    /// Lays a value out as this item's field, by the checks and rules of CAllRecords::WriteItem: `Length` characters,
-    /// fewer when the modifiers name no alignment. A date is given as YYYYMMDD, a number with a point or a comma; a
-    /// text is not converted. Returns TABVEX_OK; TABVEX_VALUE_NOT_LISTED, TABVEX_VALUE_TOO_LONG for a text;
-    /// TABVEX_VALUE_NOT_A_NUMBER, TABVEX_VALUE_NUMBER_NOT_LISTED, TABVEX_VALUE_OUT_OF_RANGE, TABVEX_VALUE_DOES_NOT_FIT
-    /// for a number; TABVEX_DATE_ITEM_NO_PATTERN, TABVEX_DATE_DOES_NOT_FIT for a date; TABVEX_INTERNAL_FAILURE (-98)
-    /// without memory. `field` is replaced only on success.
+    /// Lays a value out as this item's field, as every write of an item does: a field of `Length` characters, of which
+    /// at most 4096 are made. `value` is a text, a number with a point or a comma, or a date as YYYYMMDD, and is not
+    /// converted. Texts and numbers are held against the value list, numbers against the ranges as well; a date is laid
+    /// out unchecked, and cut where the item is too short for it. Modifiers that name no alignment leave a text without
+    /// padding, and the digits of a number out: kept on purpose. Returns TABVEX_OK; TABVEX_VALUE_NOT_LISTED,
+    /// TABVEX_VALUE_TOO_LONG for a text; TABVEX_VALUE_NOT_A_NUMBER, TABVEX_VALUE_NUMBER_NOT_LISTED,
+    /// TABVEX_VALUE_OUT_OF_RANGE, TABVEX_VALUE_DOES_NOT_FIT for a number; TABVEX_DATE_ITEM_NO_PATTERN,
+    /// TABVEX_DATE_DOES_NOT_FIT for a date; TABVEX_INTERNAL_FAILURE without memory. `field` is replaced only on success.
     int FormatValue(std::string_view value, std::string& field) const;
 };

@@ -38,7 +38,8 @@ enum {
     TABVEX_OK = 0, /**< success */
     /* operations: LoadTable, ReadAllRecordsEx, item reads, item writes, overwrites, HardReadDynItem, HardWriteDynItem,
        steps, line reads, SetCompleteRecord, mutation reads, mutation adds, mutation deletes, SetRecNums,
-       SetNewCharacterTable, SetCodePages, single records, ParseFormat */
+       SetNewCharacterTable, SetCodePages, single records, ParseFormat,
+       FormatValue */
     TABVEX_NO_RECORD = -1, /**< no record object of the type */
     /* operations: item reads, item writes, overwrites, HardReadDynItem, HardWriteDynItem, steps, ReadLast, line reads,
        mutation reads, mutation counts, single records */
@@ -153,20 +154,20 @@ enum {
     TABVEX_VALUE_BUFFER_TOO_SMALL = -17, /**< number texts need a buffer of 15 characters */
     /* operations: ReadIntItem as text, ReadFloatItem as text */
     TABVEX_VALUE_TOO_LONG = -45, /**< character text longer than its item */
-    /* operations: WriteItem, WriteCharItem, mutation adds */
+    /* operations: WriteItem, WriteCharItem, mutation adds, FormatValue */
     TABVEX_VALUE_WRONG_DECIMALS = -55, /**< ReadIntItem on an item with decimals, ReadFloatItem on one without */
     /* operations: number reads */
     TABVEX_VALUE_NOT_LISTED = -55, /**< character text outside the value list */
-    /* operations: WriteItem, WriteCharItem, mutation adds */
+    /* operations: WriteItem, WriteCharItem, mutation adds, FormatValue */
     TABVEX_VALUE_NUMBER_NOT_LISTED = -61, /**< number outside the value list */
-    /* operations: WriteItem, number writes, mutation adds */
+    /* operations: WriteItem, number writes, mutation adds, FormatValue */
     TABVEX_VALUE_OUT_OF_RANGE = -62, /**< number outside every range */
-    /* operations: WriteItem, number writes, mutation adds */
+    /* operations: WriteItem, number writes, mutation adds, FormatValue */
     TABVEX_VALUE_DOES_NOT_FIT = -65, /**< number does not fit its field */
-    /* operations: WriteItem, number writes, mutation adds */
+    /* operations: WriteItem, number writes, mutation adds, FormatValue */
     TABVEX_VALUE_NOT_A_NUMBER = -66, /**< the text is no number */
     /* operations: number reads, WriteItem, WriteFloatItem, WriteRoundFloatItem, WriteIntItem as text, WriteFloatItem as
-       text, mutation reads, mutation adds */
+       text, mutation reads, mutation adds, FormatValue */
     TABVEX_VALUE_BLANK = -101, /**< the field is blank */
     /* operations: ReadIntItem, ReadFloatItem, ReadDateItem, mutation reads */
 
@@ -182,9 +183,9 @@ enum {
     TABVEX_DATE_NO_SUCH_DAY = -73,
     /* operations: ReadDateItem, WriteDateItem */
     TABVEX_DATE_ITEM_NO_PATTERN = -74, /**< the date item has no date pattern */
-    /* operations: WriteItem, WriteDateItem */
+    /* operations: WriteItem, WriteDateItem, FormatValue */
     TABVEX_DATE_DOES_NOT_FIT = -75, /**< the rewritten date is invalid */
-    /* operations: WriteItem, WriteDateItem */
+    /* operations: WriteItem, WriteDateItem, FormatValue */
     TABVEX_DATE_UNUSABLE_FORMAT = -76, /**< the date format is none of the sixteen layouts */
     /* operations: ReadDateItem, WriteDateItem */
 
@@ -200,8 +201,7 @@ enum {
     /* operations: item writes, HardWriteDynItem */
     TABVEX_ENTRY_FOREIGN_ITEM = -22, /**< the item is neither a header item nor an item of the entry */
     /* operations: item reads */
-    TABVEX_ENTRY_NO_LAYOUT = -62, /**< the record is of an unknown type */
-    /* operations: ReadFirst, ReadNext */
+    TABVEX_ENTRY_NO_LAYOUT = -62,    /**< the record is of an unknown type; no item number leads to one */
     TABVEX_ENTRY_NO_STEP_BACK = -62, /**< the record type cannot step backwards */
     /* operations: ReadPrev */
     TABVEX_ENTRY_WRONG_KEY = -74, /**< stepping: the item is not the group key item */

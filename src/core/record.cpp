@@ -226,7 +226,7 @@ int CRecord::WriteLines(CLineFile& file, bool crlf) {
     const auto write = [&](std::size_t /*index*/, char* line) {
         const int written = file.WriteLine(line, m_nLineLength, crlf);
         std::memcpy(line + m_nLineLength, crlf ? "\r\n" : "\0\0", kLineRoom);
-        result = std::min(written, 1);
+        result = written < 0 ? written : 1;
         return written >= 0;
     };
     tabvex::VisitLines(m_Context.PoolOf(m_nLineLength), m_Lines, static_cast<std::size_t>(m_nLineLength), write);

@@ -50,7 +50,6 @@ void CAllRecords::PrepareSave() {
     }
     for (const auto& record : m_pState->Store.All()) {
         const bool keeps = KeepsMarker(record->GetType());
-        const std::size_t last = record->m_Lines.size() - 1;
         const auto number = [&](std::size_t index, char* line) {
             char& marker = line[tabvex::kNumberingOffset];
             if (!m_pState->NumberedLetters.IsOn(line[0])) {
@@ -58,7 +57,7 @@ void CAllRecords::PrepareSave() {
             } else if (!keeps) {
                 marker = next;
                 next = kLaterNumbered;
-                lastNumbered = index == last ? &marker : lastNumbered;
+                lastNumbered = index + 1 == record->m_Lines.size() ? &marker : lastNumbered;
             }
             return true;
         };

@@ -56,7 +56,7 @@ int CSectionCursor::NextLine() {
     return next < m_pImage->GetLineCount() ? TABVEX_SECTION_ENDS : TABVEX_LINES_END;
 }
 
-void CSectionCursor::JumpTo(int line) {
+void CSectionCursor::JumpTo(int line) noexcept {
     MakeCurrent(line);
     m_nSectionEnd = CTableImage::kNone;
 }
@@ -69,11 +69,13 @@ int CSectionCursor::FindSectionEnd() {
 }
 
 // Few lines hold line breaks: the columns of the others need not be looked at.
-int CSectionCursor::MakeCurrent(int line) {
+int CSectionCursor::MakeCurrent(int line) noexcept {
     m_nLine = line;
     const std::string_view text = RawText();
-    m_bHasLineBreaks = HoldsLineBreak(text);
-    return static_cast<int>(m_bHasLineBreaks ? WithLineBreaks(text).size() : text.size());
+    const char newline = m_pImage->Header.Newline;
+    m_bHasLineBreaks = newline != 0 && text.find(newline) != std::string_view::npos;
+    const auto breaks = m_bHasLineBreaks ? std::count(text.begin(), text.end(), newline) : 0;
+    return static_cast<int>(text.size()) + static_cast<int>(breaks) * (static_cast<int>(LineBreak(m_Mode).size()) - 1);
 }
 
 std::string_view CSectionCursor::GetText() {
@@ -147,14 +149,9 @@ std::string_view CSectionCursor::RawText() const {
     return m_nLine == CTableImage::kNone ? std::string_view() : m_pImage->GetLine(m_nLine);
 }
 
-bool CSectionCursor::HoldsLineBreak(std::string_view text) const {
-    const char newline = m_pImage->Header.Newline;
-    return newline != 0 && text.find(newline) != std::string_view::npos;
-}
-
 std::string_view CSectionCursor::WithLineBreaks(std::string_view text) {
     const char newline = m_pImage->Header.Newline;
-    if (!HoldsLineBreak(text)) {
+    if (newline == 0 || text.find(newline) == std::string_view::npos) {
         return text;
     }
     m_strText.clear();

@@ -51,12 +51,11 @@ private:
         std::size_t Begin; // in the line
     };
 
-    int MakeCurrent(int line);
-    void JumpTo(int line);
+    int MakeCurrent(int line) noexcept;
+    void JumpTo(int line) noexcept;
     int FindSectionEnd();
     bool FindColumn(int index, std::string_view& column);
     std::string_view RawText() const;
-    bool HoldsLineBreak(std::string_view text) const;
     std::string_view WithLineBreaks(std::string_view text);
 
     const CTableImage* m_pImage;

@@ -12,9 +12,9 @@ namespace tabvex {
 namespace {
 
 constexpr std::string_view kDataPrefix = "DATA_";
-// More than most tables have, so that the allocator, which goes by the largest piece that was freed, does not give the
-// memory back to the system after each table only to fetch it again.
-constexpr std::size_t kUsualText = std::size_t{256} << 10;
+// A little more than what glibc takes from the system piece by piece: it then keeps as much, and does not give a
+// table's memory back only to fetch it again for the next one.
+constexpr std::size_t kUsualText = std::size_t{136} << 10;
 constexpr std::size_t kUsualLines = 3000;
 constexpr std::size_t kUsualHeads = 400;
 
@@ -23,6 +23,7 @@ bool SameText(std::string_view a, std::string_view b) {
            std::equal(a.begin(), a.end(), b.begin(), [](char x, char y) { return UpperCase(x) == UpperCase(y); });
 }
 
+// Anywhere in a head's line it makes that the start of a data section.
 bool HoldsDataPrefix(std::string_view line) {
     return std::search(line.begin(), line.end(), kDataPrefix.begin(), kDataPrefix.end(),
                        [](char x, char y) { return UpperCase(x) == y; }) != line.end();
@@ -57,7 +58,8 @@ constexpr std::uint32_t KeyOf(std::string_view name, std::uint32_t key = 0) {
 } // namespace
 
 void CTableImage::Reserve() {
-    Grow(kUsualText, kUsualLines);
+    GrowText(kUsualText);
+    GrowLines(kUsualLines);
 }
 
 // Finds the line's end while copying it: lines are short, so that two passes would take twice as long.
@@ -79,23 +81,33 @@ void CTableImage::AddLine(const char* line) {
 
 // Kept apart, so that adding a line saves no registers for it.
 [[gnu::noinline]] void CTableImage::GrowAndAddLine(const char* line) {
-    Grow(m_nText + kLineRoom <= m_nCapacity ? m_nCapacity : 2 * m_nCapacity + kLineRoom,
-         m_nLines < m_nLineCapacity ? m_nLineCapacity : 2 * m_nLineCapacity + 1);
+    if (m_nText + kLineRoom > m_nCapacity) {
+        GrowText(2 * m_nCapacity + kLineRoom);
+    }
+    if (m_nLines == m_nLineCapacity) {
+        GrowLines(2 * m_nLineCapacity + 1);
+    }
     AddLine(line);
 }
 
-void CTableImage::Grow(std::size_t capacity, std::size_t lineCapacity) {
+void CTableImage::GrowText(std::size_t capacity) {
     if (capacity > UINT32_MAX) {
         throw std::length_error("table file");
     }
     std::unique_ptr<char[]> text(new char[capacity]);
-    std::unique_ptr<CLine[]> lines(new CLine[lineCapacity]);
     std::copy_n(m_pText.get(), m_nText, text.get());
-    std::copy_n(m_pLines.get(), m_nLines, lines.get());
     m_pText = std::move(text);
     m_nCapacity = capacity;
+}
+
+void CTableImage::GrowLines(std::size_t capacity) {
+    if (capacity > INT32_MAX) {
+        throw std::length_error("table file");
+    }
+    std::unique_ptr<CLine[]> lines(new CLine[capacity]);
+    std::copy_n(m_pLines.get(), m_nLines, lines.get());
     m_pLines = std::move(lines);
-    m_nLineCapacity = lineCapacity;
+    m_nLineCapacity = capacity;
 }
 
 // Searches the whole text at once, as few lines hold the character; `visit` gets each such line and the offset in it at
@@ -142,12 +154,18 @@ void CTableImage::CutComments(char comment) {
 void CTableImage::IndexHeads() {
     m_Heads.clear();
     m_Heads.reserve(kUsualHeads);
+    m_DataHeads.clear();
+    m_DataHeads.reserve(kUsualHeads);
     VisitLinesWith('[', [this](int index, std::size_t at) {
         std::string_view name;
-        if (FindName(GetLine(index), at, name)) {
-            CHead& head = m_Heads.emplace_back(); // filled in place: copying two halves as a whole would have to wait
-            head.NameKey = KeyOf(name);
-            head.Line = index;
+        if (!FindName(GetLine(index), at, name)) {
+            return;
+        }
+        CHead& head = m_Heads.emplace_back(); // filled in place: copying two halves as a whole would have to wait
+        head.NameKey = KeyOf(name);
+        head.Line = index;
+        if (name.substr(0, kDataPrefix.size()) == kDataPrefix || HoldsDataPrefix(GetLine(index))) {
+            m_DataHeads.push_back(index);
         }
     });
     m_bIndexed = true;
@@ -188,19 +206,16 @@ bool CTableImage::IsHeadOf(std::string_view name, int index) const {
     return SameText(found, name) || (data && SameText(found.substr(prefix), name));
 }
 
-// "DATA_" anywhere in the line makes a head the start of a data section.
 int CTableImage::FindDataHead(int from) const {
-    if (!m_bIndexed) {
-        int line = from;
-        while (line < GetLineCount() && !IsHeadOf(kDataPrefix, line)) {
-            ++line;
-        }
-        return line;
+    if (m_bIndexed) {
+        const auto head = std::lower_bound(m_DataHeads.begin(), m_DataHeads.end(), from);
+        return head == m_DataHeads.end() ? GetLineCount() : *head;
     }
-    auto head =
-        std::lower_bound(m_Heads.begin(), m_Heads.end(), from, [](const CHead& h, int line) { return h.Line < line; });
-    head = std::find_if(head, m_Heads.end(), [this](const CHead& h) { return IsHeadOf(kDataPrefix, h.Line); });
-    return head == m_Heads.end() ? GetLineCount() : head->Line;
+    int line = from;
+    while (line < GetLineCount() && !IsHeadOf(kDataPrefix, line)) {
+        ++line;
+    }
+    return line;
 }
 
 } // namespace tabvex

@@ -40,7 +40,8 @@ public:
     int ScanForHead(std::string_view name) const;
     /// First line that is the head of section `name` or of "DATA_" + `name`, case ignored; kNone when there is none.
     int FindHead(std::string_view name) const;
-    /// First line from line `from` on that begins a "DATA_" section; the number of lines when there is none.
+    /// First line from line `from` on that begins a "DATA_" section; the number of lines when there is none. Without an
+    /// index it looks at line after line.
     int FindDataHead(int from) const;
 
     CTableHeader Header;
@@ -62,7 +63,8 @@ private:
     std::string_view GetText() const { return {m_pText.get(), m_nText}; }
     CLine& LineAt(int index) const { return m_pLines[static_cast<std::size_t>(index)]; }
     bool HasRoom() const { return m_nText + kLineRoom <= m_nCapacity && m_nLines < m_nLineCapacity; }
-    void Grow(std::size_t capacity, std::size_t lineCapacity);
+    void GrowText(std::size_t capacity);
+    void GrowLines(std::size_t capacity);
     void GrowAndAddLine(const char* line);
 
     std::unique_ptr<char[]> m_pText; // all lines, one behind the other
@@ -71,7 +73,8 @@ private:
     std::unique_ptr<CLine[]> m_pLines;
     std::size_t m_nLines = 0;
     std::size_t m_nLineCapacity = 0;
-    std::vector<CHead> m_Heads; // in the order of the lines
+    std::vector<CHead> m_Heads;   // in the order of the lines
+    std::vector<int> m_DataHeads; // lines that begin a "DATA_" section, in order
     bool m_bIndexed = false;
 };
 

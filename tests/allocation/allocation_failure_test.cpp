@@ -431,11 +431,11 @@ std::string TableOf(CAllRecordsEx& records) {
     return text;
 }
 
-// Loads the sample table with each allocation refused in turn, into a record set that `prepare` has made ready.
+// Loads a table with each allocation refused in turn, into a record set that `prepare` has made ready.
 template <typename Prepare>
-void SweepLoadTable(Prepare prepare) {
+void SweepLoadTable(const std::string& table, Prepare prepare) {
     CAllRecordsEx fresh;
-    ASSERT_EQ(fresh.LoadTable(kTable.c_str(), 3, 2), TABVEX_OK);
+    ASSERT_EQ(fresh.LoadTable(table.c_str(), 3, 2), TABVEX_OK);
     const std::string loaded = TableOf(fresh);
     bool failed = true;
     for (std::size_t number = 1; failed; ++number) {
@@ -444,26 +444,54 @@ void SweepLoadTable(Prepare prepare) {
         const std::string before = TableOf(records);
         ASSERT_NE(before, loaded);
         CFailingAllocations failing(number);
-        const int result = records.LoadTable(kTable.c_str(), 3, 2);
+        const int result = records.LoadTable(table.c_str(), 3, 2);
         failed = failing.Stop();
         ASSERT_EQ(result, failed ? TABVEX_INTERNAL_FAILURE : TABVEX_OK) << "allocation " << number;
         ASSERT_EQ(TableOf(records), failed ? before : loaded) << "allocation " << number;
-        ASSERT_EQ(records.LoadTable(kTable.c_str(), 3, 2), TABVEX_OK);
+        ASSERT_EQ(records.LoadTable(table.c_str(), 3, 2), TABVEX_OK);
         ASSERT_EQ(TableOf(records), loaded) << "allocation " << number;
     }
 }
 
-TEST(LoadTableWithoutMemory, LeavesTheEarlierTableItsListsAndItsLayouts) {
-    const CTempFolder folder;
-    const std::string other = folder.Write("other.table", "[HEADER]\nVERSION=3.2\nDELIMITER=|\nNEWLINE=^\n"
-                                                          "[DATA_X4]\n4000|2|1|C\n4025|3|8|C,,,,,(\"QQ\";\"RR\")\n"
-                                                          "4055|3|8|C,,,,,(\"ZM\")\n"
-                                                          "[DATA_ZZ]\n1|7|1|C\n");
-    SweepLoadTable([&](CAllRecordsEx& records) { ASSERT_EQ(records.LoadTable(other.c_str(), 3, 2), TABVEX_OK); });
+class LoadTableWithoutMemory : public ::testing::Test {
+protected:
+    // Over a table with other lists and layouts.
+    void SweepOverAnother(const std::string& table) {
+        SweepLoadTable(table,
+                       [this](CAllRecordsEx& r) { ASSERT_EQ(r.LoadTable(m_strOther.c_str(), 3, 2), TABVEX_OK); });
+    }
+
+    const CTempFolder m_Folder;
+    const std::string m_strOther =
+        m_Folder.Write("other.table", "[HEADER]\nVERSION=3.2\nDELIMITER=|\nNEWLINE=^\n"
+                                      "[DATA_X4]\n4000|2|1|C\n4025|3|8|C,,,,,(\"QQ\";\"RR\")\n"
+                                      "4055|3|8|C,,,,,(\"ZM\")\n"
+                                      "[DATA_ZZ]\n1|7|1|C\n");
+};
+
+TEST_F(LoadTableWithoutMemory, LeavesTheEarlierTableItsListsAndItsLayouts) {
+    SweepOverAnother(kTable);
 }
 
-TEST(LoadTableWithoutMemory, LeavesARecordSetWithoutATableAsItWas) {
-    SweepLoadTable([](CAllRecordsEx& /*records*/) {});
+TEST_F(LoadTableWithoutMemory, LeavesARecordSetWithoutATableAsItWas) {
+    SweepLoadTable(kTable, [](CAllRecordsEx& /*records*/) {});
+}
+
+// The line that is current after loading is the header's last one, or what comments that were cut have moved there.
+TEST_F(LoadTableWithoutMemory, LeavesTheEarlierTableWhateverLineIsCurrentAfterwards) {
+    const std::string lines = "[DATA_ZZ]\n1|9|1|C|a text^with line breaks^and many characters\n";
+    SweepOverAnother(
+        m_Folder.Write("long.table", "[HEADER]\nVERSION=3.2\nDELIMITER=|\nNEWLINE       =             ^\n" + lines));
+    SweepOverAnother(m_Folder.Write("cut.table", "[HEADER]\n#\n#\nVERSION=3.2\nDELIMITER=|\nCOMMENT=#\nNEWLINE=^\n" +
+                                                     lines + "1|2|1|C\n1|2|1|C\n"));
+}
+
+TEST_F(LoadTableWithoutMemory, LeavesTheEarlierTableWhileALargerOneGrows) {
+    std::string text = "[HEADER]\nVERSION=3.2\nDELIMITER=|\nNEWLINE=^\n[DATA_ZZ]\n";
+    for (int i = 0; i < 8000; ++i) {
+        text.append("1|1|1|C|an item of a table that is larger than most of them are\n");
+    }
+    SweepOverAnother(m_Folder.Write("large.table", text));
 }
 
 // --- What callers reach beside the record set -----------------------------------------------------------------------

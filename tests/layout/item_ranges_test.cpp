@@ -170,4 +170,21 @@ TEST(ItemRanges, NumbersOutsideEveryRangeBelongToNoType) {
     }
 }
 
+TEST(ItemRanges, ATypeFindsItsRangeWhateverItemHelpsToFindIt) {
+    for (const CRangeRow& row : kRows) {
+        for (const int item : {row.Lowest, row.Highest, 1000, 0, -1, INT_MIN, INT_MAX}) {
+            const tabvex::CItemNumberRange* const range = tabvex::FindRangeOfType(KeyOf(row), item);
+            ASSERT_NE(range, nullptr) << KeyOf(row);
+            EXPECT_EQ(range->Lowest, row.Lowest) << KeyOf(row) << " by " << item;
+            EXPECT_EQ(range->Highest, row.Highest) << KeyOf(row) << " by " << item;
+        }
+    }
+}
+
+TEST(ItemRanges, ATypeWithoutItemsHasNoRange) {
+    for (const std::string_view type : {"", "QQ", "ZZ", "UNKNOWN", "x1"}) {
+        EXPECT_EQ(tabvex::FindRangeOfType(type, 1000), nullptr) << type;
+    }
+}
+
 } // namespace

@@ -624,6 +624,31 @@ TEST_F(TableFile, ALineMadeCurrentByItsIndexHasItsOwnSectionAndLineBreaks) {
     EXPECT_EQ(Next(), Nothing(TABVEX_SECTION_ENDS));
 }
 
+TEST_F(TableFile, HeadsThatAreNearlyTheSameAreToldApart) {
+    Load("[HEADER]\nID=x\n[A@BCD]\none\n[A`BCD]\ntwo\n[A BCD]\nthree\n[DATA_BCD]\nfour\n[abcd]\nfive\n");
+    EXPECT_EQ(Find("A@BCD"), Full("one"));
+    EXPECT_EQ(Find("A`BCD"), Full("two"));
+    EXPECT_EQ(Find("A BCD"), Full("three"));
+    EXPECT_EQ(Find("BCD"), Full("four"));
+    EXPECT_EQ(Find("ABCD"), Full("five"));
+    EXPECT_EQ(Find("B@CD"), Nothing(TABVEX_SECTION_MISSING));
+}
+
+TEST_F(TableFile, ALargeTableKeepsEveryLine) {
+    for (const auto& [count, length] : {std::pair(200, 1999), std::pair(20000, 1), std::pair(9000, 63)}) {
+        std::string text = "[HEADER]\nDELIMITER=|\n[DATA_X1]\n";
+        for (int i = 0; i < count; ++i) {
+            text.append(static_cast<std::size_t>(length), static_cast<char>('a' + i % 26)).append("\n");
+        }
+        Load(text);
+        CCopy line = Find("X1", 2100);
+        for (int i = 0; i < count; ++i, line = Next(2100)) {
+            ASSERT_EQ(line, Full(std::string(static_cast<std::size_t>(length), static_cast<char>('a' + i % 26)))) << i;
+        }
+        EXPECT_EQ(line, Nothing(TABVEX_LINES_END));
+    }
+}
+
 // --- Blank lines and comments
 // -----------------------------------------------------------------------------------------
 

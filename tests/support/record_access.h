@@ -13,16 +13,12 @@ public:
     using Record::Record;
 
     using Record::AddLine;
-    using Record::AddMutation;
     using Record::AppendContinuationLine;
     using Record::AppendLines;
-    using Record::DeleteMutations;
-    using Record::DeleteOneMutation;
     using Record::FillDefaults;
     using Record::FindFirst;
     using Record::FindNext;
     using Record::FirstEntry;
-    using Record::GetMutationCount;
     using Record::HardWrite;
     using Record::NextEntry;
     using Record::ParseLine;
@@ -32,7 +28,6 @@ public:
     using Record::ReadEntry;
     using Record::ReadEntryItem;
     using Record::ReadLast;
-    using Record::ReadMutation;
     using Record::ReplaceLastLine;
     using Record::WriteDynEntry;
     using Record::WriteEntry;
@@ -53,22 +48,11 @@ public:
     int PrevEntry(int item) { return Call(&COpen::PrevEntry, item); }
     int ReadLast(int item) { return Call(&COpen::ReadLast, item); }
     int ReadEntryItem(int item, const CItemDef& definition, std::string_view& text) { return Call(&COpen::ReadEntryItem, item, definition, text); }
-    int ReadEntry(int item, std::string& text) { return Call(&COpen::ReadEntry, item, text); }
     int WriteEntry(int item, const CItemDef& definition, std::string_view value) { return Call(&COpen::WriteEntry, item, definition, value); }
-    int WriteDynEntry(int item, std::string_view value) { return Call(&COpen::WriteDynEntry, item, value); }
     int FindFirst(int item, std::string_view text) { return Call(&COpen::FindFirst, item, text); }
     int FindNext(int item, std::string_view text) { return Call(&COpen::FindNext, item, text); }
-    int ReadMutation(int index, bool newForm, tabvex::CMutation& mutation) { return Call(&COpen::ReadMutation, index, newForm, mutation); }
-    int AddMutation(std::string_view text) { return Call(&COpen::AddMutation, text); }
-    int DeleteOneMutation(std::string_view code) { return Call(&COpen::DeleteOneMutation, code); }
-    int DeleteMutations() { return Call(&COpen::DeleteMutations); }
-    int GetMutationCount() { return Call(&COpen::GetMutationCount); }
     int ParseLine(const char* text) { return Call(&COpen::ParseLine, text); }
-    int AddLine(std::string_view text) { return Call(&COpen::AddLine, text); }
     int AppendContinuationLine(int headerLength) { return Call(&COpen::AppendContinuationLine, headerLength); }
-    void ReplaceLastLine(const char* text) { Call(&COpen::ReplaceLastLine, text); }
-    int HardWrite(const CItemDef& definition, std::string_view text) { return Call(&COpen::HardWrite, definition, text); }
-    int FillDefaults() { return Call(&COpen::FillDefaults); }
     int PostRead() { return Call(&COpen::PostRead); }
     int PrepareWrite() { return Call(&COpen::PrepareWrite); }
     // clang-format on
