@@ -56,6 +56,7 @@ public:
     /// padding, and the digits of a number out: kept on purpose. Returns TABVEX_OK; TABVEX_VALUE_NOT_LISTED,
     /// TABVEX_VALUE_TOO_LONG for a text; TABVEX_VALUE_NOT_A_NUMBER, TABVEX_VALUE_NUMBER_NOT_LISTED,
     /// TABVEX_VALUE_OUT_OF_RANGE, TABVEX_VALUE_DOES_NOT_FIT for a number; TABVEX_DATE_ITEM_NO_PATTERN,
-    /// TABVEX_DATE_DOES_NOT_FIT for a date; TABVEX_INTERNAL_FAILURE without memory. `field` is replaced only on success.
+    /// TABVEX_DATE_DOES_NOT_FIT for a date; TABVEX_INTERNAL_FAILURE without memory. `field` is replaced only on
+    /// success.
     int FormatValue(std::string_view value, std::string& field) const;
 };

@@ -85,6 +85,7 @@ int CTableFile::Open(const char* fileName) {
     }
     image->CutComments(image->Header.Comment);
     image->IndexHeads();
+    image->GiveBackRoom();
     m_Reader.FileClose();
     m_Reader.Release();
     SetImage(std::move(image));

@@ -12,9 +12,9 @@ namespace tabvex {
 namespace {
 
 constexpr std::string_view kDataPrefix = "DATA_";
-// A little more than what glibc takes from the system piece by piece: it then keeps as much, and does not give a
-// table's memory back only to fetch it again for the next one.
-constexpr std::size_t kUsualText = std::size_t{136} << 10;
+// Twice this is what glibc keeps for the program once a piece of this size was freed. With less it gives memory back
+// behind every table, only to fetch it again for the next one.
+constexpr std::size_t kUsualText = std::size_t{256} << 10;
 constexpr std::size_t kUsualLines = 3000;
 constexpr std::size_t kUsualHeads = 400;
 
@@ -58,8 +58,15 @@ constexpr std::uint32_t KeyOf(std::string_view name, std::uint32_t key = 0) {
 } // namespace
 
 void CTableImage::Reserve() {
-    GrowText(kUsualText);
-    GrowLines(kUsualLines);
+    MoveText(kUsualText);
+    MoveLines(kUsualLines);
+}
+
+void CTableImage::GiveBackRoom() {
+    constexpr std::size_t kMuchMore = 4;
+    if (m_nText < m_nCapacity / kMuchMore) {
+        MoveText(m_nText);
+    }
 }
 
 // Finds the line's end while copying it: lines are short, so that two passes would take twice as long.
@@ -82,15 +89,15 @@ void CTableImage::AddLine(const char* line) {
 // Kept apart, so that adding a line saves no registers for it.
 [[gnu::noinline]] void CTableImage::GrowAndAddLine(const char* line) {
     if (m_nText + kLineRoom > m_nCapacity) {
-        GrowText(2 * m_nCapacity + kLineRoom);
+        MoveText(2 * m_nCapacity + kLineRoom);
     }
     if (m_nLines == m_nLineCapacity) {
-        GrowLines(2 * m_nLineCapacity + 1);
+        MoveLines(2 * m_nLineCapacity + 1);
     }
     AddLine(line);
 }
 
-void CTableImage::GrowText(std::size_t capacity) {
+void CTableImage::MoveText(std::size_t capacity) {
     if (capacity > UINT32_MAX) {
         throw std::length_error("table file");
     }
@@ -100,7 +107,7 @@ void CTableImage::GrowText(std::size_t capacity) {
     m_nCapacity = capacity;
 }
 
-void CTableImage::GrowLines(std::size_t capacity) {
+void CTableImage::MoveLines(std::size_t capacity) {
     if (capacity > INT32_MAX) {
         throw std::length_error("table file");
     }

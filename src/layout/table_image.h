@@ -30,6 +30,9 @@ public:
     /// Finds the section heads; to be called when the lines are as they will stay.
     void IndexHeads();
 
+    /// Frees room that is much larger than the lines need; to be called when all are there.
+    void GiveBackRoom();
+
     int GetLineCount() const { return static_cast<int>(m_nLines); }
     /// Line `index`, which must exist.
     std::string_view GetLine(int index) const {
@@ -63,8 +66,8 @@ private:
     std::string_view GetText() const { return {m_pText.get(), m_nText}; }
     CLine& LineAt(int index) const { return m_pLines[static_cast<std::size_t>(index)]; }
     bool HasRoom() const { return m_nText + kLineRoom <= m_nCapacity && m_nLines < m_nLineCapacity; }
-    void GrowText(std::size_t capacity);
-    void GrowLines(std::size_t capacity);
+    void MoveText(std::size_t capacity);
+    void MoveLines(std::size_t capacity);
     void GrowAndAddLine(const char* line);
 
     std::unique_ptr<char[]> m_pText; // all lines, one behind the other
