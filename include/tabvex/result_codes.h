@@ -38,8 +38,7 @@ enum {
     TABVEX_OK = 0, /**< success */
     /* operations: LoadTable, ReadAllRecordsEx, item reads, item writes, overwrites, HardReadDynItem, HardWriteDynItem,
        steps, line reads, SetCompleteRecord, mutation reads, mutation adds, mutation deletes, SetRecNums,
-       SetNewCharacterTable, SetCodePages, single records, ParseFormat,
-       FormatValue */
+       SetNewCharacterTable, SetCodePages, single records, ParseFormat, FormatValue */
     TABVEX_NO_RECORD = -1, /**< no record object of the type */
     /* operations: item reads, item writes, overwrites, HardReadDynItem, HardWriteDynItem, steps, ReadLast, line reads,
        mutation reads, mutation counts, single records */
