@@ -55,6 +55,17 @@ constexpr std::uint32_t KeyOf(std::string_view name, std::uint32_t key = 0) {
     return key;
 }
 
+// Moves the first `count` elements into room for `capacity`.
+template <typename Element>
+void MoveTo(std::size_t capacity, std::size_t most, std::unique_ptr<Element[]>& elements, std::size_t count) {
+    if (capacity > most) {
+        throw std::length_error("table file");
+    }
+    std::unique_ptr<Element[]> moved(new Element[capacity]);
+    std::copy_n(elements.get(), count, moved.get());
+    elements = std::move(moved);
+}
+
 } // namespace
 
 void CTableImage::Reserve() {
@@ -98,22 +109,12 @@ void CTableImage::AddLine(const char* line) {
 }
 
 void CTableImage::MoveText(std::size_t capacity) {
-    if (capacity > UINT32_MAX) {
-        throw std::length_error("table file");
-    }
-    std::unique_ptr<char[]> text(new char[capacity]);
-    std::copy_n(m_pText.get(), m_nText, text.get());
-    m_pText = std::move(text);
+    MoveTo(capacity, UINT32_MAX, m_pText, m_nText);
     m_nCapacity = capacity;
 }
 
 void CTableImage::MoveLines(std::size_t capacity) {
-    if (capacity > INT32_MAX) {
-        throw std::length_error("table file");
-    }
-    std::unique_ptr<CLine[]> lines(new CLine[capacity]);
-    std::copy_n(m_pLines.get(), m_nLines, lines.get());
-    m_pLines = std::move(lines);
+    MoveTo(capacity, INT32_MAX, m_pLines, m_nLines);
     m_nLineCapacity = capacity;
 }
 
