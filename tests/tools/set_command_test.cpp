@@ -196,6 +196,21 @@ TEST_F(SetCommand, OneBadValueChangesNothingAndEachIsTold) {
     }
 }
 
+TEST_F(SetCommand, AnItemThatLeavesItsLineIsRefusedWhateverItsLength) {
+    constexpr std::string_view sections = "[DATA_X1]\n1000|2|1|C\n1020|2|127|C\n1021|2|128|C\n"
+                                          "[DATA_FZ]\n200000|2|1|C\n200005|126|3|C\n200010|127|3|C\n200015|200|3|C\n";
+    const std::string bytes = CrLfRecords({"X10001", "FZkept"});
+    for (const char* item : {"1021", "200010", "200015"}) {
+        Prepare(bytes, sections);
+        const CToolResult result = Set({std::string(item) + "=b"});
+        EXPECT_EQ(result.Status, 1) << item;
+        EXPECT_THAT(result.Errors, HasSubstr("does not stand within the 128 characters of its line\n")) << item;
+        EXPECT_EQ(Contents(File()), bytes) << item;
+    }
+    EXPECT_EQ(Set({"1020=b", "200005=" + std::string(126, 'b')}).Status, 0);
+    EXPECT_EQ(Contents(File()), CrLfRecords({Padded("X10001", 126) + "b ", "FZ" + std::string(126, 'b')}));
+}
+
 TEST_F(SetCommand, AValueThatWouldChangeTheKindOfRecordIsRefused) {
     const std::string records = CrLfRecords({"X10001 CLAIM-1"});
     const CToolResult result = SetIn(records, {"1000=X2"});
